@@ -1,0 +1,51 @@
+#pragma once
+/// \file
+/// A família de exceções da casa: uma classe base com mensagem em `QString` e uma subclasse por
+/// tipo de erro da plataforma. Mensagens vêm em português; as citadas pelo projeto, exatas.
+
+#include "platform/Exportacao.h"
+
+#include <QByteArray>
+#include <QString>
+#include <exception>
+
+namespace tavru {
+
+/// Base de todas as exceções da casa. `what()` devolve a mensagem em UTF-8.
+class TAVRU_PLATAFORMA_EXPORT Exception : public std::exception
+{
+public:
+    explicit Exception(const QString &mensagem);
+    const QString &Message() const noexcept { return FMensagem; }
+    const char *what() const noexcept override;
+
+private:
+    QString FMensagem;
+    QByteArray FUtf8;
+};
+
+#define TAVRU_EXCECAO(Nome)                                                                        \
+    class TAVRU_PLATAFORMA_EXPORT Nome : public Exception                                           \
+    {                                                                                               \
+    public:                                                                                         \
+        using Exception::Exception;                                                                 \
+    };
+
+/// Índice fora dos limites de uma lista.
+TAVRU_EXCECAO(EListError)
+/// Texto que não é um número (ou ângulo, distância, posição) válido.
+TAVRU_EXCECAO(EConvertError)
+/// Operação inválida no estado atual (por exemplo, registro duplicado).
+TAVRU_EXCECAO(EInvalidOperation)
+/// Erro de leitura ou gravação de dados estruturados.
+TAVRU_EXCECAO(EFilerError)
+/// Erro de entrada e saída de arquivos.
+TAVRU_EXCECAO(EInOutError)
+/// Divisão por zero (uma escala ou um vão nulo). Nunca se produz infinito no lugar.
+TAVRU_EXCECAO(EZeroDivide)
+/// Conversão de tipo inválida (um item de lista que não é da classe esperada).
+TAVRU_EXCECAO(EInvalidCast)
+
+#undef TAVRU_EXCECAO
+
+} // namespace tavru

@@ -1,0 +1,131 @@
+#pragma once
+/// \file
+/// O canvas da plataforma sobre um `QPainter` numa imagem.
+///
+/// Guarda o estado de desenho que o código dos elementos espera: caneta, pincel e fonte
+/// correntes, posição da caneta (`MoveTo`/`LineTo`), modo de cópia (inclusive a cópia que inverte
+/// o destino, usada pelos elásticos de seleção) e o alinhamento de texto de `TextOut`
+/// (esquerda 0, direita 2, centro 6; topo 0, base 8, linha de base 24; um valor horizontal mais
+/// um vertical). O código dos elementos desenha por aqui, nunca direto num `QPainter`.
+///
+/// As operações de desenho são virtuais para que testes possam registrar as chamadas.
+/// Coordenadas em pixels; retângulos com a aritmética de `TRect` (direita e base exclusivas).
+/// O canvas não possui a imagem em que pinta.
+
+#include "platform/Exportacao.h"
+#include "platform/TBrush.h"
+#include "platform/TFont.h"
+#include "platform/TPen.h"
+#include "platform/TPoint.h"
+
+#include <QImage>
+#include <QSize>
+#include <QString>
+#include <memory>
+#include <vector>
+
+class QPainter;
+
+namespace tavru {
+
+/// Modos de cópia de `CopyRect`.
+enum TCopyMode : std::uint8_t {
+    cmSrcCopy = 0,  ///< copia a origem sobre o destino
+    cmDstInvert = 1 ///< inverte os pixels do destino (a origem é ignorada)
+};
+
+/// Bits de alinhamento de `TextOut`.
+enum : unsigned {
+    TA_LEFT = 0,
+    TA_TOP = 0,
+    TA_RIGHT = 2,
+    TA_CENTER = 6,
+    TA_BOTTOM = 8,
+    TA_BASELINE = 24
+};
+
+class TAVRU_PLATAFORMA_EXPORT TCanvas
+{
+public:
+    /// Canvas que pinta em `imagem` (não possuída; pode ser nula: então só mede texto).
+    explicit TCanvas(QImage *imagem = nullptr);
+    virtual ~TCanvas();
+    TCanvas(const TCanvas &) = delete;
+    TCanvas &operator=(const TCanvas &) = delete;
+
+    /// Passa a pintar em outra imagem (encerra a pintura na anterior). Use antes de redimensionar
+    /// a imagem em que o canvas pinta.
+    void AtribuirImagem(QImage *imagem);
+    QImage *Imagem() const { return FImagem; }
+
+    TPen &Pen() { return FPen; }
+    TBrush &Brush() { return FBrush; }
+    TFont &Font() { return FFont; }
+    const TPen &Pen() const { return FPen; }
+    const TBrush &Brush() const { return FBrush; }
+    const TFont &Font() const { return FFont; }
+
+    TPoint PenPos() const { return FPenPos; }
+    void SetPenPos(const TPoint &p) { FPenPos = p; }
+    TCopyMode CopyMode() const { return FCopyMode; }
+    void SetCopyMode(TCopyMode modo) { FCopyMode = modo; }
+
+    /// Alinhamento de `TextOut`; devolve o anterior (como a função da plataforma).
+    unsigned SetTextAlign(unsigned bandeiras);
+    unsigned TextAlign() const { return FTextAlign; }
+
+    virtual void MoveTo(int x, int y);
+    /// Linha da posição da caneta até (x, y), sem pintar o ponto final; move a caneta.
+    virtual void LineTo(int x, int y);
+    virtual void Polyline(const TPoint *pontos, int quantidade);
+    /// Polígono preenchido com o pincel e contornado com a caneta; fecha sozinho.
+    virtual void Polygon(const TPoint *pontos, int quantidade);
+    /// Elipse inscrita no retângulo (x1, y1)-(x2, y2), direita e base exclusivas.
+    virtual void Ellipse(int x1, int y1, int x2, int y2);
+    virtual void Rectangle(int x1, int y1, int x2, int y2);
+    /// Preenche o retângulo com o pincel, sem contorno.
+    virtual void FillRect(const TRect &r);
+    /// Escreve o texto no ponto de referência (x, y) com a fonte, o alinhamento e o escapamento
+    /// correntes; o fundo é pintado com o pincel salvo quando ele é `bsClear`. Move a caneta para o
+    /// fim do texto.
+    virtual void TextOut(int x, int y, const QString &texto);
+    /// Escreve o texto em (x, y) recortado ao retângulo.
+    virtual void TextRect(const TRect &r, int x, int y, const QString &texto);
+    /// Desenha a imagem esticada no retângulo.
+    virtual void StretchDraw(const TRect &r, const QImage &imagem);
+    /// Desenha a imagem com o canto superior esquerdo em (x, y), sem escala.
+    virtual void Draw(int x, int y, const QImage &imagem);
+    /// Copia `origem` (um retângulo de `canvasOrigem`) para `destino` conforme `CopyMode`; com
+    /// `cmDstInvert` só inverte os pixels de `destino`.
+    virtual void CopyRect(const TRect &destino, TCanvas &canvasOrigem, const TRect &origem);
+
+    int TextWidth(const QString &texto) const;
+    int TextHeight(const QString &texto) const;
+    QSize TextExtent(const QString &texto) const;
+
+    /// A cor do pixel (x, y) da imagem, ou `clNone` fora dela (para testes e ferramentas).
+    TColor Pixel(int x, int y);
+
+protected:
+    /// Aplica caneta, pincel e fonte ao pintor quando mudaram desde a última vez.
+    QPainter *Preparar();
+
+private:
+    void Encerrar();
+
+    QImage *FImagem = nullptr;
+    std::unique_ptr<QPainter> FPainter;
+    TPen FPen;
+    TBrush FBrush;
+    TFont FFont;
+    TPoint FPenPos;
+    TCopyMode FCopyMode = cmSrcCopy;
+    unsigned FTextAlign = TA_LEFT | TA_TOP;
+    // O que está aplicado ao pintor agora.
+    TPen FPenAplicada;
+    TBrush FBrushAplicado;
+    TFont FFontAplicada;
+    bool FAplicado = false;
+};
+
+} // namespace tavru

@@ -1,0 +1,10 @@
+#include "platform/TObjectList.h"
+
+namespace tavru {
+
+void ErroIndiceLista(int indice)
+{
+    throw EListError(QStringLiteral("Índice de lista fora dos limites (%1)").arg(indice));
+}
+
+} // namespace tavru
