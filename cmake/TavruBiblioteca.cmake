@@ -72,6 +72,6 @@ function(tavru_teste alvo)
   target_compile_definitions(${alvo} PRIVATE TAVRU_DADOS="${PROJECT_SOURCE_DIR}/data")
   add_test(NAME ${alvo} COMMAND ${alvo})
   set_tests_properties(${alvo} PROPERTIES
-    ENVIRONMENT "QT_QPA_PLATFORM=offscreen;ASAN_OPTIONS=detect_leaks=1;UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1"
+    ENVIRONMENT "QT_QPA_PLATFORM=offscreen;ASAN_OPTIONS=detect_leaks=1;LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/lsan.supp;UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1"
     TIMEOUT 600)
 endfunction()

@@ -54,25 +54,36 @@ constexpr TGISRet MundoInteiro = GISRet(-324000, -648000, 324000, 648000);
 TAVRU_GEODESIA_EXPORT TGISRet ConcertaRect(const TGISRet &r);
 /// O retângulo de tela com Left <= Right e Top <= Bottom.
 TAVRU_GEODESIA_EXPORT TRect ConcertaRect(const TRect &r);
-/// O centro de um retângulo de tela ((Left + Right) div 2, (Top + Bottom) div 2), truncando.
+/// O centro de um retângulo de tela ((Left + Right) div 2, (Top + Bottom) div 2), truncando em
+/// direção a zero (a soma é feita em 64 bits, sem estouro).
 TAVRU_GEODESIA_EXPORT TPoint Centro(const TRect &r);
 /// O centro de um retângulo do mundo, cada eixo (a + b) div 2 truncando.
 TAVRU_GEODESIA_EXPORT TGISPosicao Centro(const TGISRet &r);
 
 /// Distância do ponto `p` ao segmento `a`-`b` (ao ponto mais próximo do segmento, extremos
-/// incluídos), na unidade dos argumentos.
+/// incluídos), na unidade dos argumentos: segundos de arco tomados como plano (latitude e
+/// longitude na mesma escala, sem geodésia) ou pixels. Um ponto além de uma ponta mede até essa
+/// ponta; um segmento de pontas iguais mede até o ponto.
 TAVRU_GEODESIA_EXPORT double DistanciaAReta(const TGISPosicao &a, const TGISPosicao &b, const TGISPosicao &p);
 TAVRU_GEODESIA_EXPORT double DistanciaAReta(const TPoint &a, const TPoint &b, const TPoint &p);
 
-/// Verdadeiro quando os segmentos `a1`-`a2` e `b1`-`b2` se cruzam propriamente.
+/// Verdadeiro quando os segmentos `a1`-`a2` e `b1`-`b2` se cruzam propriamente: cada um tem as
+/// pontas do outro estritamente em lados opostos. Tocar numa ponta, passar por um vértice ou
+/// sobrepor-se em linha não conta (é o que a contagem de paridade de um ponto numa área precisa).
+/// O cálculo é exato em inteiros, em qualquer faixa de coordenadas.
 TAVRU_GEODESIA_EXPORT bool Intercepta(const TGISPosicao &a1, const TGISPosicao &a2, const TGISPosicao &b1, const TGISPosicao &b2);
 TAVRU_GEODESIA_EXPORT bool Intercepta(const TPoint &a1, const TPoint &a2, const TPoint &b1, const TPoint &b2);
 
 /// O menor retângulo que contém os dois (cada um tomado em ordem).
 TAVRU_GEODESIA_EXPORT TGISRet Uniao(const TGISRet &a, const TGISRet &b);
-/// Verdadeiro quando o retângulo é uma extensão válida (não é o retângulo vazio dos objetos sem
-/// extensão, e fica dentro do mundo).
+/// Verdadeiro quando o retângulo é uma extensão válida: não é o retângulo vazio `GISRet(0, 0, 0, 0)`
+/// dos objetos sem extensão, e os dois cantos ficam dentro do mundo (bordas incluídas). A ordem dos
+/// cantos não importa (um retângulo ainda não concertado vale), e um retângulo de um ponto só
+/// (cantos iguais) vale, desde que não seja o vazio.
 TAVRU_GEODESIA_EXPORT bool Valida(const TGISRet &r);
+/// Verdadeiro quando a posição fica dentro do mundo (bordas incluídas). Aqui (0, 0) vale: é uma
+/// posição como outra qualquer, não uma extensão vazia.
+TAVRU_GEODESIA_EXPORT bool Valida(const TGISPosicao &p);
 /// Verdadeiro quando os dois retângulos de tela (tomados em ordem) têm área em comum ou se tocam.
 TAVRU_GEODESIA_EXPORT bool Intersecao(const TRect &a, const TRect &b);
 /// Verdadeiro quando `fora` contém `dentro` inteiro (ambos tomados em ordem, bordas incluídas):
@@ -80,12 +91,18 @@ TAVRU_GEODESIA_EXPORT bool Intersecao(const TRect &a, const TRect &b);
 TAVRU_GEODESIA_EXPORT bool Contem(const TGISRet &fora, const TGISRet &dentro);
 /// Verdadeiro quando o ponto está no retângulo de tela (tomado em ordem, bordas incluídas).
 TAVRU_GEODESIA_EXPORT bool PertenceRect(const TPoint &p, const TRect &r);
-/// O retângulo escalado pelo fator em torno do seu centro.
+/// O retângulo escalado pelo fator em torno do seu centro: cada canto c vira
+/// centro + (c - centro) × fator, arredondado ao inteiro mais próximo (meios para longe de zero)
+/// e limitado à faixa de 32 bits (não ao mundo). A ordem dos cantos é mantida (um fator negativo a
+/// inverte); `GISRet(0, 0, 0, 0)` escalado continua vazio.
 TAVRU_GEODESIA_EXPORT TGISRet Escalonar(const TGISRet &r, double fator);
-/// O retângulo de tela crescido de `d` pixels em cada lado.
+/// O retângulo de tela crescido de `d` pixels em cada lado (`Left` e `Top` diminuem, `Right` e
+/// `Bottom` aumentam, como faz a plataforma; um `d` negativo encolhe). Espera um retângulo em ordem.
 TAVRU_GEODESIA_EXPORT TRect Inflar(const TRect &r, int d);
 
-/// O número em decimal, com zeros à esquerda até a largura (`StrZero(1, 3)` = "001").
+/// O número em decimal, com zeros à esquerda até a largura (`StrZero(1, 3)` = "001"). Um número
+/// mais largo sai inteiro; um negativo leva o sinal na frente, contando na largura
+/// (`StrZero(-1, 3)` = "-01").
 TAVRU_GEODESIA_EXPORT QString StrZero(long long numero, int largura);
 
 } // namespace tavru
