@@ -11,15 +11,21 @@ namespace {
 
 using i64 = std::int64_t;
 
-/// Sinal de (ux * vy - uy * vx) calculado sem perda: os fatores de tela chegam a 2^32, e o
-/// produto não cabe em 64 bits.
+#if defined(__SIZEOF_INT128__)
+using Produto = __int128;
+#else
+using Produto = long double; // exato até 2^64 nos compiladores sem inteiro de 128 bits
+#endif
+
+/// ux * vy - uy * vx sem perda: os fatores de tela chegam a 2^32 e o produto não cabe em 64 bits.
+Produto Vetorial(i64 ux, i64 uy, i64 vx, i64 vy)
+{
+    return static_cast<Produto>(ux) * vy - static_cast<Produto>(uy) * vx;
+}
+
 int SinalVetorial(i64 ux, i64 uy, i64 vx, i64 vy)
 {
-#if defined(__SIZEOF_INT128__)
-    const __int128 p = static_cast<__int128>(ux) * vy - static_cast<__int128>(uy) * vx;
-#else
-    const long double p = static_cast<long double>(ux) * vy - static_cast<long double>(uy) * vx;
-#endif
+    const Produto p = Vetorial(ux, uy, vx, vy);
     return (p > 0) - (p < 0);
 }
 
@@ -112,6 +118,29 @@ bool Intercepta(const TGISPosicao &a1, const TGISPosicao &a2, const TGISPosicao 
 bool Intercepta(const TPoint &a1, const TPoint &a2, const TPoint &b1, const TPoint &b2)
 {
     return CruzamentoProprio(a1.X, a1.Y, a2.X, a2.Y, b1.X, b1.Y, b2.X, b2.Y);
+}
+
+bool PontoIntersecao(const TPoint &a1, const TPoint &a2, const TPoint &b1, const TPoint &b2, TPoint &ponto)
+{
+    const i64 rx = i64(a2.X) - a1.X, ry = i64(a2.Y) - a1.Y;
+    const i64 sx = i64(b2.X) - b1.X, sy = i64(b2.Y) - b1.Y;
+    const i64 qx = i64(b1.X) - a1.X, qy = i64(b1.Y) - a1.Y;
+    Produto d = Vetorial(rx, ry, sx, sy);
+    if (d == 0 || (rx == 0 && ry == 0) || (sx == 0 && sy == 0))
+        return false;
+    // a1 + t·r = b1 + u·s, com t = (q × s) / d e u = (q × r) / d; ambos em [0, 1].
+    Produto nt = Vetorial(qx, qy, sx, sy);
+    Produto nu = Vetorial(qx, qy, rx, ry);
+    if (d < 0) {
+        d = -d;
+        nt = -nt;
+        nu = -nu;
+    }
+    if (nt < 0 || nt > d || nu < 0 || nu > d)
+        return false;
+    const double t = static_cast<double>(nt) / static_cast<double>(d);
+    ponto = TPoint(static_cast<int>(std::lround(a1.X + t * rx)), static_cast<int>(std::lround(a1.Y + t * ry)));
+    return true;
 }
 
 TGISRet Uniao(const TGISRet &a, const TGISRet &b)

@@ -74,6 +74,18 @@ TAVRU_GEODESIA_EXPORT double DistanciaAReta(const TPoint &a, const TPoint &b, co
 TAVRU_GEODESIA_EXPORT bool Intercepta(const TGISPosicao &a1, const TGISPosicao &a2, const TGISPosicao &b1, const TGISPosicao &b2);
 TAVRU_GEODESIA_EXPORT bool Intercepta(const TPoint &a1, const TPoint &a2, const TPoint &b1, const TPoint &b2);
 
+/// Ponto de encontro dos segmentos de tela `a1`-`a2` e `b1`-`b2`, pontas incluídas.
+///
+/// Verdadeiro quando os segmentos têm exatamente um ponto em comum (cruzando-se ou tocando-se numa
+/// ponta); `ponto` recebe esse ponto, arredondado ao pixel mais próximo. Falso quando não se
+/// encontram, quando são paralelos ou estão sobre a mesma reta (sem ponto único) ou quando um deles
+/// tem as pontas iguais; `ponto` fica como estava. É o teste do contorno de um corredor: duas
+/// bordas deslocadas consecutivas que se cruzam (lado de dentro da curva) dão um vértice só; as que
+/// não se encontram (lado de fora) deixam o chamador ligá-las ponta a ponta. O teste de inclusão é
+/// exato em inteiros.
+TAVRU_GEODESIA_EXPORT bool PontoIntersecao(const TPoint &a1, const TPoint &a2, const TPoint &b1, const TPoint &b2,
+                                           TPoint &ponto);
+
 /// O menor retângulo que contém os dois (cada um tomado em ordem).
 TAVRU_GEODESIA_EXPORT TGISRet Uniao(const TGISRet &a, const TGISRet &b);
 /// Verdadeiro quando o retângulo é uma extensão válida: não é o retângulo vazio `GISRet(0, 0, 0, 0)`

@@ -1,0 +1,10 @@
+#include "companions/geodesy/RotacaoDeFonte.h"
+
+namespace tavru {
+
+void RotacionarFonte(TFont &fonte, int angulo)
+{
+    fonte.Escapement = angulo;
+}
+
+} // namespace tavru
