@@ -1,0 +1,88 @@
+#pragma once
+/// \file
+/// A camada do mapa: um nome, uma lista de objetos possuída e as opções de desenho.
+
+#include "core/GISEnumeracoes.h"
+#include "core/TGISObjetoList.h"
+#include "platform/Exportacao.h"
+#include "platform/TBrush.h"
+#include "platform/TColor.h"
+#include "platform/TPen.h"
+
+#include <QString>
+#include <cstdint>
+
+namespace tavru {
+
+/// Camada nomeada do mapa. Possui a sua `TGISObjetoList` (e com ela os objetos), a caneta e o
+/// pincel. O controle do mapa só desenha e consulta a camada quando ela está `Visivel` e o zoom da
+/// projeção está em `ZoomMinimo..ZoomMaximo` (limites incluídos); consulta só as de tipo
+/// `gtcInterrogavel` ou acima.
+///
+/// Padrões: tipo `gtcInterrogavel`, visível, zoom de 0.0 a 50000.0, sem cor (-1).
+class TAVRU_GIS_EXPORT TGISCamada
+{
+public:
+    explicit TGISCamada(const QString &nome);
+    virtual ~TGISCamada();
+    TGISCamada(const TGISCamada &) = delete;
+    TGISCamada &operator=(const TGISCamada &) = delete;
+
+    TGISTipoCamada Tipo() const { return FTipo; }
+    void AtribuirTipo(TGISTipoCamada tipo) { FTipo = tipo; }
+    /// Nome da camada (a lista de camadas o acha sem diferenciar maiúsculas).
+    QString Nome() const { return FNome; }
+    void AtribuirNome(const QString &nome) { FNome = nome; }
+    TPen &Caneta() { return FCaneta; }
+    const TPen &Caneta() const { return FCaneta; }
+    TBrush &Pincel() { return FPincel; }
+    const TBrush &Pincel() const { return FPincel; }
+    /// Os objetos da camada, na ordem de desenho.
+    TGISObjetoList &Objetos() { return FObjetos; }
+    const TGISObjetoList &Objetos() const { return FObjetos; }
+    bool Visivel() const { return FVisivel; }
+    void AtribuirVisivel(bool visivel) { FVisivel = visivel; }
+    double ZoomMinimo() const { return FZoomMinimo; }
+    void AtribuirZoomMinimo(double zoom) { FZoomMinimo = zoom; }
+    double ZoomMaximo() const { return FZoomMaximo; }
+    void AtribuirZoomMaximo(double zoom) { FZoomMaximo = zoom; }
+
+    /// Cor imposta aos objetos da camada; -1 (`clNone`) quando não há.
+    TColor Cor() const { return FCor; }
+    /// Se a camada tem cor (`Cor` diferente de -1).
+    bool CorAtribuida() const { return FCorAtribuida; }
+    /// Guarda a cor e, quando não é -1, a aplica a cada objeto, em ordem (`AtribuirCor`). -1 tira
+    /// a cor da camada sem mudar objeto algum.
+    void AtribuirCor(TColor cor);
+
+    /// Põe `Visivel` de cada objeto em `visivel` e `RotuloVisivel` em `rotuloVisivel`.
+    void Visibilidade(bool visivel, bool rotuloVisivel);
+    /// O primeiro nome `prefixo` + n (n = 1, 2, ..., com três dígitos: "Ponto001") que nenhum
+    /// objeto da camada tem no campo de informação "Nome".
+    QString ObterProximoNome(const QString &prefixo) const;
+    /// Índice do primeiro objeto cujo campo `campo` vale exatamente `valor`, ou -1.
+    int ObterIndiceObjeto(const QString &campo, const QString &valor) const;
+    /// Índice do primeiro objeto com esse `Codigo`, ou -1. (Com um literal, escreva `0u`.)
+    int ObterIndiceObjeto(std::uint32_t codigo) const;
+    /// Índice do objeto (pela identidade), ou -1.
+    int ObterIndiceObjeto(const TGISObjeto *objeto) const;
+    /// Para i de 0 até Count div 2, inclusive, troca os objetos i e Count - 1 - i (sem liberar).
+    /// O limite é mantido assim de propósito: uma contagem ímpar é invertida toda, uma par deixa
+    /// o par do meio na ordem de antes (o último passo o desfaz), e uma camada vazia levanta
+    /// `EListError`.
+    void InverterOrdem();
+
+private:
+    TGISTipoCamada FTipo = gtcInterrogavel;
+    QString FNome;
+    TPen FCaneta;
+    TBrush FPincel;
+    TGISObjetoList FObjetos;
+    bool FVisivel = true;
+    double FZoomMinimo = 0.0;
+    double FZoomMaximo = 50000.0;
+    TColor FCor = clNone;
+    bool FCorAtribuida = false;
+};
+
+} // namespace tavru

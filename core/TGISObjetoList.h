@@ -1,0 +1,91 @@
+#pragma once
+/// \file
+/// A lista dona de objetos do mapa, e o registro de tratadores de arquivo.
+
+#include "companions/geodesy/GISPosicao.h"
+#include "core/TGISObjeto.h"
+#include "core/TRegistro.h"
+#include "platform/Exportacao.h"
+#include "platform/TObjectList.h"
+
+#include <QString>
+#include <vector>
+
+namespace tavru {
+
+class TClasseTratador;
+
+/// Lista de objetos do mapa que os possui (`Remove`, `Delete`, `Clear` e a destruição liberam;
+/// `Extract` devolve sem liberar), com a extensão calculada, a busca por campo de informação e a
+/// leitura e gravação pelos tratadores de arquivo registrados.
+///
+/// O registro de tratadores é do processo: uma lista de entradas (`TRegistro`) na ordem de
+/// registro, com nomes de tipo únicos, criada na primeira vez que é usada e desfeita na descarga
+/// da biblioteca. Os tratadores se registram na carga da biblioteca deles (`TRegistraTratador`).
+/// Tudo roda na linha de execução da interface; não há travas.
+class TAVRU_GIS_EXPORT TGISObjetoList : public TObjectList<TGISObjeto>
+{
+public:
+    TGISObjetoList() : TObjectList<TGISObjeto>(true) {}
+
+    /// O objeto do índice (continua da lista).
+    TGISObjeto *ObterGISObjeto(int indice) const { return Items(indice); }
+    /// Põe `objeto` no índice; o objeto que estava lá é liberado.
+    void AtribuirGISObjeto(int indice, TGISObjeto *objeto) { SetItems(indice, objeto); }
+
+    /// Extensão guardada (segundos de arco). Padrão: o mundo inteiro.
+    TGISRet Limites() const { return FLimites; }
+    void AtribuirLimites(const TGISRet &r) { FLimites = r; }
+    /// Último arquivo lido ou gravado com um tratador.
+    QString NomeArquivo() const { return FNomeArquivo; }
+    void AtribuirNomeArquivo(const QString &nome) { FNomeArquivo = nome; }
+
+    /// Recalcula `Limites`: com a lista vazia, ficam como estavam; senão, a `Area` do item 0 unida
+    /// com a de cada item, do 0 (de novo) ao último. Posições vazias (nulas) são puladas.
+    void CalcularLimites();
+    /// O primeiro objeto cujo campo de informação `campo` vale exatamente `valor`, ou nulo.
+    TGISObjeto *ObterObjeto(const QString &campo, const QString &valor) const;
+
+    /// Lê o arquivo com o tratador registrado sob `tipo` (criado sobre esta lista e liberado em
+    /// seguida) e guarda o nome em `NomeArquivo`. Um tipo desconhecido não faz nada (e mantém
+    /// `NomeArquivo`). Responde se havia tratador. Erros do tratador seguem para quem chama.
+    bool Ler(const QString &nomeArquivo, const QString &tipo);
+    /// Grava o arquivo do mesmo modo.
+    bool Gravar(const QString &nomeArquivo, const QString &tipo);
+
+    // Registro de tratadores de arquivo.
+
+    /// Acrescenta uma entrada. Um tipo já registrado levanta `EInvalidOperation` com
+    /// "O tratador para o tipo <Tipo> ja foi registrado!!" e não muda o registro.
+    static void RegistrarTratadorDeArquivo(const QString &tipo, const TClasseTratador &classe,
+                                           const QString &filtroLeitura, const QString &filtroEscrita);
+    /// Tira todas as entradas da classe, da última à primeira.
+    static void RemoverRegistroTratadorDeArquivo(const TClasseTratador &classe);
+    /// Busca exata do tipo: põe a classe em `classe` (nula quando não há) e responde se achou.
+    static bool ObterRefClassPeloTipo(const QString &tipo, const TClasseTratador *&classe);
+    /// O filtro do diálogo de abrir: "Arquivos Compatíveis (<padrões>)|<padrões>|", o par de cada
+    /// tratador que lê, e "Todos os Arquivos (*.*)|*.*". Os padrões são separados por ";" segundo o
+    /// índice da entrada (uma primeira entrada sem filtro seguida de outra dá um ";" no início).
+    static QString ObterFiltroCompletoDeLeitura();
+    /// O mesmo com os filtros de gravação.
+    static QString ObterFiltroCompletoDeEscrita();
+    /// O tipo da primeira entrada cujo filtro de leitura (ou de gravação) é exatamente `filtro`,
+    /// ou o texto vazio.
+    static QString ObterTipoPeloFiltro(const QString &filtro, bool leitura);
+    /// O tipo da primeira entrada cujo filtro, em minúsculas, contém a extensão em minúsculas
+    /// (com "." na frente quando não tem ponto), ou o texto vazio. A busca é solta de propósito:
+    /// ".tif" acha um filtro com ".tiff", e a descrição do filtro também conta.
+    static QString ObterTipoPelaExtencao(const QString &extensao, bool leitura);
+    /// Esvazia o registro.
+    static void LimparRegistro();
+    /// Cópia das entradas, em ordem (para guardar e restaurar, por exemplo em testes).
+    static std::vector<TRegistro> ObterRegistro();
+    /// Substitui todas as entradas pelas dadas.
+    static void RestaurarRegistro(const std::vector<TRegistro> &entradas);
+
+private:
+    TGISRet FLimites = MundoInteiro;
+    QString FNomeArquivo;
+};
+
+} // namespace tavru

@@ -1,0 +1,7 @@
+#include "core/TGISTratadorDeArquivo.h"
+
+namespace tavru {
+
+TGISTratadorDeArquivo::~TGISTratadorDeArquivo() = default;
+
+} // namespace tavru

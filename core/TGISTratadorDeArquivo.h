@@ -1,0 +1,54 @@
+#pragma once
+/// \file
+/// A base dos tratadores de arquivo, que leem e gravam listas de objetos num formato.
+
+#include "platform/Exportacao.h"
+
+#include <QString>
+#include <QStringList>
+
+class QIODevice;
+
+namespace tavru {
+
+class TGISObjetoList;
+
+/// Tratador de um formato de arquivo. Cada subclasse concreta se registra com
+/// `TGISObjetoList::RegistrarTratadorDeArquivo` sob um nome de tipo, pelo seu descritor de classe
+/// (`TClasseTratador`, o construtor virtual do tratador). Um tratador vive só durante um `Ler` ou
+/// um `Gravar` de `TGISObjetoList`.
+///
+/// O tratador trabalha sobre a lista dada ao construtor, que não possui. As duas listas de
+/// filtros (leitura e gravação) são dele; os `Atribuir...` copiam os textos dados.
+class TAVRU_GIS_EXPORT TGISTratadorDeArquivo
+{
+public:
+    explicit TGISTratadorDeArquivo(TGISObjetoList &lista) : FLista(lista) {}
+    virtual ~TGISTratadorDeArquivo();
+    TGISTratadorDeArquivo(const TGISTratadorDeArquivo &) = delete;
+    TGISTratadorDeArquivo &operator=(const TGISTratadorDeArquivo &) = delete;
+
+    // Operações virtuais, na ordem dos encaixes do projeto (o construtor virtual é o descritor).
+
+    /// Lê o arquivo e acrescenta os objetos à lista.
+    virtual void Ler(const QString &nomeArquivo) = 0;
+    /// Grava os objetos da lista no arquivo.
+    virtual void Gravar(const QString &nomeArquivo) = 0;
+    /// Se o fluxo traz o formato deste tratador.
+    virtual bool Reconhece(QIODevice &fluxo) = 0;
+
+    /// A lista sobre a qual o tratador trabalha.
+    TGISObjetoList &Lista() const { return FLista; }
+
+    const QStringList &ObterFiltroLeitura() const { return FFiltroLeitura; }
+    void AtribuirFiltroLeitura(const QStringList &filtros) { FFiltroLeitura = filtros; }
+    const QStringList &ObterFiltroGravacao() const { return FFiltroGravacao; }
+    void AtribuirFiltroGravacao(const QStringList &filtros) { FFiltroGravacao = filtros; }
+
+private:
+    TGISObjetoList &FLista;
+    QStringList FFiltroLeitura;
+    QStringList FFiltroGravacao;
+};
+
+} // namespace tavru

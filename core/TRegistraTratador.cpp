@@ -1,0 +1,19 @@
+#include "core/TRegistraTratador.h"
+
+#include "core/TGISObjetoList.h"
+
+namespace tavru {
+
+TRegistraTratador::TRegistraTratador(const QString &tipo, const TClasseTratador &classe,
+                                     const QString &filtroLeitura, const QString &filtroEscrita)
+    : FClasse(classe)
+{
+    TGISObjetoList::RegistrarTratadorDeArquivo(tipo, classe, filtroLeitura, filtroEscrita);
+}
+
+TRegistraTratador::~TRegistraTratador()
+{
+    TGISObjetoList::RemoverRegistroTratadorDeArquivo(FClasse);
+}
+
+} // namespace tavru

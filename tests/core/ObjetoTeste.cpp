@@ -1,0 +1,145 @@
+// Objetos do mapa e a lista de objetos: dependência, cores, tabela de símbolos da classe,
+// extensão, buscas e o descritor de classe.
+
+#include "ObjetosDeTeste.h"
+
+#include "companions/components/TTabelaDeCores.h"
+#include "companions/symbology/TTabelaDeSimbolos.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+using namespace tavru;
+using tavru::teste::TObjetoTeste;
+
+const TClasseObjeto TObjetoTeste::ClasseTeste = TClasseObjeto::De<TObjetoTeste>("TObjetoTeste");
+
+TEST(Dependencia, IncluirDuasVezesMantemUmaLigacaoMasMoveDeNovo)
+{
+    TObjetoTeste pai, filho;
+    pai.AtribuirPosicao(GISPosicao(10, 20));
+    pai.IncluirDependente(&filho);
+    EXPECT_EQ(filho.Posicao(), GISPosicao(10, 20)); // salta para o pai na hora
+    filho.AtribuirPosicao(GISPosicao(0, 0));
+    pai.IncluirDependente(&filho);
+    EXPECT_EQ(filho.Posicao(), GISPosicao(10, 20));
+    EXPECT_EQ(pai.Dependentes().Count(), 1);
+    EXPECT_EQ(filho.Pais().Count(), 1);
+
+    pai.RemoverDependente(&filho);
+    EXPECT_EQ(pai.Dependentes().Count(), 0);
+    EXPECT_EQ(filho.Pais().Count(), 0);
+}
+
+TEST(Dependencia, AtualizaEmOrdemEEmCadeiaSemRecursarEmCiclo)
+{
+    QStringList diario;
+    TObjetoTeste pai(QStringLiteral("pai"), &diario), a(QStringLiteral("a"), &diario),
+        b(QStringLiteral("b"), &diario), neto(QStringLiteral("neto"), &diario);
+    pai.IncluirDependente(&a);
+    pai.IncluirDependente(&b);
+    a.IncluirDependente(&neto);
+    diario.clear();
+    pai.AtribuirPosicao(GISPosicao(5, 6));
+    EXPECT_EQ(diario, QStringList({"pai", "a", "neto", "b"}));
+    EXPECT_EQ(neto.Posicao(), GISPosicao(5, 6));
+
+    neto.IncluirDependente(&pai); // ciclo: cada um se atualiza uma vez por rodada
+    diario.clear();
+    pai.AtribuirPosicao(GISPosicao(7, 8));
+    EXPECT_EQ(diario.count(QStringLiteral("pai")), 2); // a própria chamada e a volta pelo ciclo
+    EXPECT_EQ(a.Posicao(), GISPosicao(7, 8));
+}
+
+TEST(Dependencia, DestruirPaiOuFilhoDesfazAsLigacoes)
+{
+    auto pai = std::make_unique<TObjetoTeste>();
+    auto filho = std::make_unique<TObjetoTeste>();
+    TObjetoTeste outroPai;
+    pai->IncluirDependente(filho.get());
+    outroPai.IncluirDependente(filho.get());
+    pai.reset();
+    EXPECT_EQ(filho->Pais().Count(), 1);
+    EXPECT_EQ(filho->Pais()[0], &outroPai);
+
+    TObjetoTeste dependente;
+    filho->IncluirDependente(&dependente);
+    filho.reset();
+    EXPECT_EQ(outroPai.Dependentes().Count(), 0);
+    EXPECT_EQ(dependente.Pais().Count(), 0);
+    outroPai.AtribuirPosicao(GISPosicao(3, 3)); // nenhum ponteiro solto (AddressSanitizer)
+}
+
+TEST(TGISObjeto, CoresValidadeTabelaDeSimbolosEClasse)
+{
+    TTabelaDeCores cores;
+    cores.Adicionar(clRed);
+    cores.Adicionar(clBlue);
+    cores.AtribuirCorPadrao(clGreen);
+    TObjetoTeste o;
+    o.AtualizarCores(cores); // -1: padrão
+    EXPECT_EQ(o.ObterCor(), clGreen);
+    o.AtribuirIndiceCor(1);
+    o.AtualizarCores(cores);
+    EXPECT_EQ(o.ObterCor(), clBlue);
+    o.AtribuirIndiceCor(2); // igual ao total: padrão
+    o.AtualizarCores(cores);
+    EXPECT_EQ(o.ObterCor(), clGreen);
+
+    EXPECT_FALSE(o.ObterValido()); // extensão vazia
+    o.FArea = GISRet(0, 0, 10, 10);
+    EXPECT_TRUE(o.ObterValido());
+
+    EXPECT_EQ(TGISObjeto::ObterTabelaSimbolos(), nullptr);
+    {
+        TTabelaDeSimbolos simbolos;
+        TGISObjeto::AtribuirTabelaSimbolos(&simbolos);
+        EXPECT_EQ(TGISObjeto::ObterTabelaSimbolos(), &simbolos);
+    }
+    EXPECT_EQ(TGISObjeto::ObterTabelaSimbolos(), nullptr); // esquecida ao ser destruída
+
+    const std::unique_ptr<TGISObjeto> novo = o.Classe().Criar();
+    EXPECT_EQ(novo->Classe(), TObjetoTeste::ClasseTeste);
+    EXPECT_EQ(novo->Classe().Nome(), QStringLiteral("TObjetoTeste"));
+}
+
+TEST(TGISObjetoList, CalcularLimites)
+{
+    TGISObjetoList l;
+    l.AtribuirLimites(GISRet(1, 2, 3, 4));
+    l.CalcularLimites();
+    EXPECT_EQ(l.Limites(), GISRet(1, 2, 3, 4)); // vazia: fica como estava
+    EXPECT_EQ(TGISObjetoList().Limites(), MundoInteiro);
+
+    auto *a = new TObjetoTeste;
+    a->FArea = GISRet(10, 10, 20, 20);
+    auto *b = new TObjetoTeste;
+    b->FArea = GISRet(-5, 15, 0, 30);
+    l.Add(a);
+    l.CalcularLimites();
+    EXPECT_EQ(l.Limites(), GISRet(10, 10, 20, 20)); // o anterior não entra
+    l.Add(b);
+    l.CalcularLimites();
+    EXPECT_EQ(l.Limites(), GISRet(-5, 10, 20, 30));
+}
+
+TEST(TGISObjetoList, BuscasExatasEPosse)
+{
+    TGISObjetoList l;
+    auto *rio = new TObjetoTeste(QStringLiteral("Rio"));
+    auto *rio2 = new TObjetoTeste(QStringLiteral("Rio"));
+    l.Add(rio);
+    l.Add(rio2);
+    l.Add(new TObjetoTeste);
+    EXPECT_EQ(l.ObterObjeto(QStringLiteral("Nome"), QStringLiteral("Rio")), rio);
+    EXPECT_EQ(l.ObterObjeto(QStringLiteral("Nome"), QStringLiteral("rio")), nullptr);
+    EXPECT_EQ(l.ObterObjeto(QStringLiteral("nome"), QStringLiteral("Rio")), nullptr);
+    EXPECT_EQ(l.ObterObjeto(QStringLiteral("Tipo"), QString()), nullptr);
+
+    EXPECT_EQ(l.Extract(rio), rio); // não libera
+    delete rio;
+    EXPECT_EQ(l.Remove(rio2), 0); // libera
+    EXPECT_EQ(l.Count(), 1);
+    EXPECT_EQ(l.ObterGISObjeto(0)->Informacoes().ObterTotal(), 0);
+}
