@@ -1,0 +1,136 @@
+#pragma once
+/// \file
+/// A imagem: uma figura raster estendida sobre um retângulo do mundo, com o arquivo ".geo".
+
+#include "core/TGISObjeto.h"
+#include "platform/Exportacao.h"
+
+#include <QImage>
+#include <QString>
+
+namespace tavru {
+
+/// Figura raster deitada num retângulo do mundo (`AreaImagem`) e esticada até a imagem desse
+/// retângulo na tela.
+///
+/// O arquivo ".geo" fica ao lado da figura, com o mesmo nome e a extensão trocada por ".geo":
+/// um texto cuja primeira linha tem os quatro inteiros de `AreaImagem` na ordem de `TGISRet`
+/// (latitude 1, longitude 1, latitude 2, longitude 2, em segundos de arco).
+///
+/// A figura é lida pelos leitores de imagem do Qt (JPEG, PNG, GIF, BMP e o que os plug-ins de
+/// formatos instalados somam: TIFF, WebP, TGA, ICO...; ver `FiltroDeImagens`). WMF e EMF não
+/// existem fora do Windows. A figura fica opaca (a transparência vira fundo branco) e com 8 bits
+/// por pixel (paleta de 256 cores), como o carregador de origem a deixa.
+///
+/// Unidades: retângulos em segundos de arco; zoom como o da projeção.
+///
+/// Posse: o objeto possui a sua figura (um valor). O destrutor libera tudo o que a base guarda,
+/// normalmente.
+class TAVRU_GIS_EXPORT TGISImagem : public TGISObjeto
+{
+public:
+    /// O descritor da classe (construtor virtual).
+    static const TClasseObjeto Descritor;
+
+    /// `AreaImagem` (-1000, -1000, 1000, 1000), figura branca de 100 x 100 pixels, zoom de 0.0 a
+    /// 50000.0, sem arquivo, escala 1.0.
+    TGISImagem();
+    ~TGISImagem() override;
+
+    const TClasseObjeto &Classe() const override { return Descritor; }
+    /// Desloca os dois cantos de `AreaImagem` de `p - Posicao` (cada eixo à parte; o tamanho não
+    /// muda) e então guarda a posição como a base.
+    void AtribuirPosicao(const TGISPosicao &p) override;
+    /// A cor transparente da figura. Ela é guardada, mas a figura é desenhada opaca.
+    void AtribuirCor(TColor cor) override;
+    /// A cor transparente da figura: a atribuída ou, antes disso, a do pixel do canto inferior
+    /// esquerdo, como a plataforma faz no modo automático.
+    TColor ObterCor() const override;
+    /// Abre o diálogo de abrir arquivo (`Dialogos()`, filtro `FiltroDeImagens`), põe em
+    /// `AreaImagem` o quadrado de 40 x 40 pixels em torno do clique e, se o usuário escolher um
+    /// arquivo, o lê com `LerArquivo` (que troca `AreaImagem` quando há ".geo"). A posição não
+    /// muda. Responde se um arquivo foi escolhido. Erros de leitura seguem para quem chama.
+    bool ConfiguracaoPadrao(const TGISProjecao &projecao, const TPoint &ponto) override;
+    /// Estica a figura no retângulo de tela de `AreaImagem` (em ordem), com cópia simples, só
+    /// quando `ZoomMinimoImagem <= zoom <= ZoomMaximoImagem` e `selecionado` é falso.
+    void Desenhar(TCanvas &canvas, const TGISProjecao &projecao, bool selecionado) override;
+    /// Estrito e sem normalizar: com R = `MundoParaTelaRet(AreaImagem)`, verdadeiro só quando
+    /// R.Left < x < R.Right e R.Top < y < R.Bottom. Mantido de propósito: numa projeção com o
+    /// norte para cima, uma `AreaImagem` em ordem tem R.Top > R.Bottom e a imagem nunca é
+    /// atingida (figuras são fundo, não se consultam); só uma área guardada com as latitudes
+    /// trocadas é atingida.
+    bool Pertence(const TGISProjecao &projecao, const TPoint &ponto) override;
+    /// `AreaImagem`.
+    TGISRet Area() const override;
+
+    /// Lê a figura do arquivo e, quando existe, o ".geo" dela:
+    /// 1. `NomeArquivoImagem` = `nome` (fica mesmo que a leitura falhe);
+    /// 2. a figura é lida (o formato vem do conteúdo, não só da extensão), fica opaca e com 8 bits
+    ///    por pixel;
+    /// 3. o ".geo" é lido por `LerArquivoGEO`. A posição não muda.
+    /// Um arquivo que não existe levanta `EInOutError` com "O arquivo especificado não existe ou
+    /// não está disponível!"; uma figura ilegível, de formato desconhecido ou corrompida levanta
+    /// `EInOutError` com "Formato de imagem desconhecido ou arquivo corrompido: <nome> (<motivo>)".
+    /// Nesses casos a figura anterior fica.
+    void LerArquivo(const QString &nome);
+    /// Grava o ".geo" de `nome` (a extensão trocada por ".geo"): os quatro inteiros de
+    /// `AreaImagem` em decimal, um logo depois do outro, sem separador, e o fim de linha CR LF.
+    /// Mantido de propósito assim: (-1000, -1000, 1000, 1000) vira "-1000-100010001000", que só
+    /// volta a ser lido porque os sinais separam os números. Arquivos para leitura são escritos
+    /// com espaços por outras ferramentas. Um arquivo anterior só é trocado quando a gravação
+    /// termina; uma falha levanta `EInOutError`.
+    void GravarArquivoGEO(const QString &nome) const;
+    /// Lê o ".geo" de `nome`, quando existe, para `AreaImagem`, em ordem (`ConcertaRect`).
+    ///
+    /// Formato lido: quatro inteiros decimais (sinal opcional e dígitos), separados por qualquer
+    /// espaço em branco, inclusive fins de linha; o resto do arquivo é ignorado. Como num leitor
+    /// de números decimal comum, um sinal também separa ("10-20" são 10 e -20). Um arquivo que
+    /// não existe, vazio, com menos de quatro números, com outra coisa no lugar deles ou com um
+    /// número fora dos 32 bits deixa `AreaImagem` como estava e não é erro. Só os primeiros 64 KiB
+    /// são olhados. Um arquivo que existe mas não abre levanta `EInOutError`.
+    /// Responde se `AreaImagem` foi trocada.
+    bool LerArquivoGEO(const QString &nome);
+    /// `AreaImagem` = `area` (como veio) e a posição da base vai para o centro dela (sem passar
+    /// pelo deslocamento de `AtribuirPosicao`).
+    void AtribuirArea(const TGISRet &area);
+
+    /// O nome do ".geo" de um arquivo: a extensão do nome (depois do último ponto do nome do
+    /// arquivo, não das pastas) trocada por ".geo", ou ".geo" acrescentado quando não há.
+    static QString NomeArquivoGEO(const QString &nome);
+    /// O filtro do diálogo de abrir, no formato da casa, montado dos formatos que os leitores de
+    /// imagem do Qt conhecem: "Formatos Compatíveis (*.bmp;*.gif;...)|*.bmp;*.gif;...|" e um par
+    /// por formato ("JPEG (*.jpeg;*.jpg)|*.jpeg;*.jpg", ...).
+    static QString FiltroDeImagens();
+
+    // Campos.
+
+    /// Retângulo do mundo coberto pela figura.
+    TGISRet AreaImagem() const { return FAreaImagem; }
+    void AtribuirAreaImagem(const TGISRet &area) { FAreaImagem = area; }
+    /// A figura.
+    const QImage &Imagem() const { return FImagem; }
+    void AtribuirImagem(const QImage &imagem) { FImagem = imagem; }
+    /// Menor zoom em que a figura é desenhada (inclusive).
+    double ZoomMinimoImagem() const { return FZoomMinimoImagem; }
+    void AtribuirZoomMinimoImagem(double zoom) { FZoomMinimoImagem = zoom; }
+    /// Maior zoom em que a figura é desenhada (inclusive).
+    double ZoomMaximoImagem() const { return FZoomMaximoImagem; }
+    void AtribuirZoomMaximoImagem(double zoom) { FZoomMaximoImagem = zoom; }
+    /// Arquivo de onde a figura foi lida.
+    QString NomeArquivoImagem() const { return FNomeArquivoImagem; }
+    /// Escala da figura: a razão entre o mundo mostrado e a área da figura, que o controle do mapa
+    /// calcula no zoom inteligente (a menor das razões vertical e horizontal). Padrão 1.0.
+    double Escala() const { return FEscala; }
+    void AtribuirEscala(double escala) { FEscala = escala; }
+
+private:
+    TGISRet FAreaImagem = GISRet(-1000, -1000, 1000, 1000);
+    QImage FImagem;
+    double FZoomMinimoImagem = 0.0;
+    double FZoomMaximoImagem = 50000.0;
+    QString FNomeArquivoImagem;
+    double FEscala = 1.0;
+    TColor FCorTransparente = clNone;
+};
+
+} // namespace tavru

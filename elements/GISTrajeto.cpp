@@ -1,0 +1,223 @@
+#include "elements/GISTrajeto.h"
+
+#include "core/Arredondar.h"
+#include "core/TGISProjecao.h"
+#include "elements/GISLinha.h"
+#include "platform/Exception.h"
+#include "platform/TCanvas.h"
+#include "platform/TProvedorDeDialogos.h"
+
+#include <cmath>
+#include <memory>
+
+namespace tavru {
+
+namespace {
+
+constexpr double Pi = 3.14159265358979323846;
+
+/// O número de pontos de 2 a 200, perguntado até vir um válido; 0 quando o usuário desiste.
+int PerguntarPontos()
+{
+    const QString titulo = QStringLiteral("Linha");
+    const QString pergunta = QStringLiteral("Entre com o número de Pontos de 2 a 200");
+    const QString padrao = QStringLiteral("2");
+    for (;;) {
+        bool ok = false;
+        int n = Dialogos().InputBox(titulo, pergunta, padrao).trimmed().toInt(&ok);
+        if (!ok)
+            n = -1;
+        if (n == 0 || (n >= 2 && n <= 200))
+            return n;
+    }
+}
+
+} // namespace
+
+const TClasseObjeto TGISTrajeto::Descritor = TClasseObjeto::De<TGISTrajeto>("TGISTrajeto");
+
+TGISTrajeto::TGISTrajeto() = default;
+
+TGISTrajeto::~TGISTrajeto() = default;
+
+void TGISTrajeto::AtribuirPosicao(const TGISPosicao &p)
+{
+    TGISObjeto::AtribuirPosicao(p);
+    CalcularLimites();
+}
+
+void TGISTrajeto::AtribuirCor(TColor cor)
+{
+    Caneta().Color = cor;
+}
+
+TColor TGISTrajeto::ObterCor() const
+{
+    return Caneta().Color;
+}
+
+TGISPontoTrajeto *TGISTrajeto::ObterPonto(int indice) const
+{
+    return FPontos.ObterPonto(indice);
+}
+
+TGISPosicao TGISTrajeto::ObterGISPosicao(int indice) const
+{
+    const TGISPosicao d = FPontos.ObterPonto(indice)->Posicao();
+    const TGISPosicao p = Posicao();
+    const double r = std::sqrt(double(d.Latitude) * d.Latitude + double(d.Longitude) * d.Longitude);
+    const double t = std::atan2(double(d.Latitude), double(d.Longitude));
+    const double o = Orientacao();
+    return GISPosicao(Arredondar(p.Latitude + r * std::sin(o + t)), Arredondar(p.Longitude + r * std::cos(o + t)));
+}
+
+TGISPosicao TGISTrajeto::Deslocamento(const TGISPosicao &absoluta) const
+{
+    const TGISPosicao p = Posicao();
+    const double dLat = double(absoluta.Latitude) - p.Latitude;
+    const double dLon = double(absoluta.Longitude) - p.Longitude;
+    const double r = std::sqrt(dLat * dLat + dLon * dLon);
+    const double t = std::atan2(dLat, dLon);
+    const double o = Orientacao();
+    return GISPosicao(Arredondar(r * std::sin(t - o)), Arredondar(r * std::cos(t - o)));
+}
+
+void TGISTrajeto::AtribuirGISPosicao(int indice, const TGISPosicao &posicao)
+{
+    TGISPontoTrajeto *ponto = FPontos.ObterPonto(indice);
+    if (!ponto->Fixo())
+        ponto->AtribuirPosicao(Deslocamento(posicao));
+}
+
+bool TGISTrajeto::AtribuirPonto(int indice, TGISPontoTrajeto *ponto)
+{
+    if (!ponto || FPontos.ObterPonto(indice)->Fixo())
+        return false;
+    FPontos.AtribuirPonto(indice, ponto);
+    return true;
+}
+
+void TGISTrajeto::InserirPosicao(int indice, const TGISPosicao &posicao)
+{
+    auto ponto = std::make_unique<TGISPontoTrajeto>();
+    FPontos.Insert(indice, ponto.get());
+    ponto.release();
+    AtribuirGISPosicao(indice, posicao);
+}
+
+void TGISTrajeto::CalcularLimites()
+{
+    if (FPontos.IsEmpty()) {
+        FLimites = GISRet(0, 0, 0, 0);
+        return;
+    }
+    const TGISPosicao primeiro = ObterGISPosicao(0);
+    FLimites = TGISRet{primeiro, primeiro};
+    for (int i = 0; i < FPontos.Count(); ++i) {
+        const TGISPosicao p = ObterGISPosicao(i);
+        FLimites = Uniao(TGISRet{p, p}, FLimites);
+    }
+}
+
+void TGISTrajeto::AjustarPontos(const TGISProjecao &projecao, TPoint *pontos, int ultimo) const
+{
+    for (int i = 0; i <= ultimo; ++i)
+        pontos[i] = projecao.MundoParaTela(ObterGISPosicao(i));
+}
+
+void TGISTrajeto::AjustarPontos(const TGISProjecao &projecao, std::vector<TPoint> &pontos) const
+{
+    pontos.resize(static_cast<size_t>(FPontos.Count()));
+    AjustarPontos(projecao, pontos.data(), FPontos.Count() - 1);
+}
+
+void TGISTrajeto::AjustarAoRetangulo(const TGISRet &retangulo)
+{
+    const double vaoLat = double(retangulo.Pos2.Latitude) - retangulo.Pos1.Latitude;
+    const double vaoLon = double(retangulo.Pos2.Longitude) - retangulo.Pos1.Longitude;
+    if (vaoLat <= 0 || vaoLon <= 0)
+        return;
+    const TGISPosicao c1 = Centro(FLimites);
+    const TGISPosicao c2 = Centro(retangulo);
+    const double sLat = (double(FLimites.Pos2.Latitude) - FLimites.Pos1.Latitude) / vaoLat;
+    const double sLon = (double(FLimites.Pos2.Longitude) - FLimites.Pos1.Longitude) / vaoLon;
+    for (TGISPontoTrajeto *ponto : FPontos) {
+        if (ponto->Fixo())
+            continue;
+        if (sLat == 0.0 || sLon == 0.0)
+            throw EZeroDivide(QStringLiteral("Divisão por zero: os limites da trajetória têm um vão nulo"));
+        const TGISPosicao d = ponto->Posicao();
+        ponto->AtribuirPosicao(GISPosicao(Arredondar((d.Latitude - double(c1.Latitude)) / sLat + c2.Latitude),
+                                          Arredondar((d.Longitude - double(c1.Longitude)) / sLon + c2.Longitude)));
+    }
+}
+
+void TGISTrajeto::AjustarCentro()
+{
+    if (double(FLimites.Pos2.Latitude) - FLimites.Pos1.Latitude <= 0
+        || double(FLimites.Pos2.Longitude) - FLimites.Pos1.Longitude <= 0)
+        return;
+    const TGISPosicao c = Centro(FLimites);
+    const TGISPosicao p = Posicao();
+    for (TGISPontoTrajeto *ponto : FPontos) {
+        const TGISPosicao d = ponto->Posicao();
+        ponto->AtribuirPosicao(GISPosicao(Arredondar(double(d.Latitude) + p.Latitude - c.Latitude),
+                                          Arredondar(double(d.Longitude) + p.Longitude - c.Longitude)));
+    }
+    AtribuirPosicao(c);
+}
+
+void TGISTrajeto::Desenhar(TCanvas &canvas, const TGISProjecao &projecao, bool selecionado)
+{
+    if (!selecionado) {
+        canvas.Brush().Style = bsClear;
+        canvas.Pen().Assign(Caneta());
+    }
+    if (FPontos.IsEmpty())
+        return;
+    std::vector<TPoint> pontos;
+    AjustarPontos(projecao, pontos);
+    const int ultimo = static_cast<int>(pontos.size()) - 1;
+    DesenharOtimizado(canvas, pontos.data(), ultimo, true);
+    const unsigned alinhamento = canvas.SetTextAlign(TA_LEFT | TA_TOP);
+    for (int i = 0; i <= ultimo; ++i) {
+        const TGISPontoTrajeto *ponto = FPontos.ObterPonto(i);
+        if (!ponto->Fixo() || ponto->Rotulo().isEmpty())
+            continue;
+        canvas.Brush().Style = bsClear;
+        const int largura = canvas.TextWidth(ponto->Rotulo());
+        canvas.TextOut(pontos[i].X - largura / 2, pontos[i].Y, ponto->Rotulo());
+    }
+    canvas.SetTextAlign(alinhamento);
+}
+
+bool TGISTrajeto::Pertence(const TGISProjecao &projecao, const TPoint &ponto)
+{
+    if (FPontos.IsEmpty())
+        return false;
+    std::vector<TPoint> pontos;
+    AjustarPontos(projecao, pontos);
+    return projecao.PertenceALinha(pontos.data(), static_cast<int>(pontos.size()) - 1, ponto);
+}
+
+TGISRet TGISTrajeto::Area() const
+{
+    return FLimites;
+}
+
+bool TGISTrajeto::ConfiguracaoPadrao(const TGISProjecao &projecao, const TPoint &ponto)
+{
+    const int n = PerguntarPontos();
+    if (n == 0)
+        return false;
+    FPontos.Clear();
+    const double passo = 2 * Pi / (n / 3.0);
+    for (int i = 0; i < n; ++i) {
+        const TPoint p((i - n / 2) * 10 + ponto.X, Arredondar(std::sin(i * passo) * 20.0 + ponto.Y));
+        InserirPosicao(i, projecao.TelaParaMundo(p));
+    }
+    CalcularLimites();
+    return true;
+}
+
+} // namespace tavru
