@@ -1,0 +1,345 @@
+// O mapa B1: 10.000 linhas de 100 vértices (passeios aleatórios), 10.000 áreas de 20 vértices e
+// 100.000 pontos (círculos com o tamanho que ConfiguracaoPadrao dá), todos entre as longitudes
+// -74 e -34 e as latitudes -34 e 5, com semente fixa. Desenha o mapa pelos próprios elementos numa
+// imagem 1920x1080 ARGB32_Premultiplied, pela projeção Mercator ajustada aos dados, na extensão
+// inteira e com zoom de 8x e 64x no centro, recortando como o controle do mapa (MundoParaTelaRet +
+// Intersecao). Na mesma execução desenha as mesmas coordenadas direto com QPainter (projetadas
+// antes, sem objetos) como o limite prático. Imprime milissegundos por quadro, a razão, e a
+// memória do mapa (mallinfo2).
+//
+// Uso: tavru-bench-mapa [--passo N] [quadro.png [quadro-direto.png]]
+//   --passo: maior passo por eixo do passeio das linhas, em segundos de arco (padrão 150);
+//   os PNG recebem o quadro pelos elementos (os zooms em NOME-8x.png e NOME-64x.png) e o da
+//   extensão inteira pelo desenho direto.
+
+#include "core/TGISObjetoList.h"
+#include "core/TGISProjecaoMercator.h"
+#include "elements/GISElementos.h"
+#include "platform/TCanvas.h"
+
+#include <QGuiApplication>
+#include <QImage>
+#include <QPainter>
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <cstdio>
+#include <malloc.h>
+#include <random>
+#include <vector>
+
+using namespace tavru;
+
+namespace {
+
+constexpr int Largura = 1920;
+constexpr int Altura = 1080;
+constexpr int TotalLinhas = 10000;
+constexpr int VerticesLinha = 100;
+constexpr int TotalAreas = 10000;
+constexpr int VerticesArea = 20;
+constexpr int TotalPontos = 100000;
+constexpr int Repeticoes = 7;
+
+constexpr std::int32_t LatMin = -34 * 3600;
+constexpr std::int32_t LatMax = 5 * 3600;
+constexpr std::int32_t LonMin = -74 * 3600;
+constexpr std::int32_t LonMax = -34 * 3600;
+
+const TColor CorLinha = 0x00A05000;  // azul escuro
+const TColor CorArea = 0x0080D080;   // verde claro
+const TColor CorPonto = 0x000000E0;  // vermelho
+
+/// Maior passo do passeio aleatório das linhas, em segundos de arco por eixo.
+int GPasso = 150;
+
+std::size_t MemoriaEmUso()
+{
+    return mallinfo2().uordblks;
+}
+
+double Agora()
+{
+    using namespace std::chrono;
+    return duration<double, std::milli>(steady_clock::now().time_since_epoch()).count();
+}
+
+struct TMapa
+{
+    TGISObjetoList Linhas;
+    TGISObjetoList Areas;
+    TGISObjetoList Pontos;
+};
+
+std::int32_t Limitar(std::int32_t v, std::int32_t a, std::int32_t b)
+{
+    return std::max(a, std::min(b, v));
+}
+
+void CriarLinhas(TGISObjetoList &lista, std::mt19937 &aleatorio)
+{
+    std::uniform_int_distribution<std::int32_t> lat(LatMin, LatMax);
+    std::uniform_int_distribution<std::int32_t> lon(LonMin, LonMax);
+    std::uniform_int_distribution<std::int32_t> passo(-GPasso, GPasso);
+    for (int k = 0; k < TotalLinhas; ++k) {
+        auto linha = new TGISLinha;
+        TGISPosicao p = GISPosicao(lat(aleatorio), lon(aleatorio));
+        linha->AtribuirPosicao(p);
+        linha->AtribuirCor(CorLinha);
+        auto run = new TGISPosicaoList;
+        run->Reservar(VerticesLinha); // como um leitor que sabe o número de vértices
+        linha->Pontos().Add(run);
+        for (int i = 0; i < VerticesLinha; ++i) {
+            linha->InserirPonto(0, i, p);
+            p.Latitude = Limitar(p.Latitude + passo(aleatorio), LatMin, LatMax);
+            p.Longitude = Limitar(p.Longitude + passo(aleatorio), LonMin, LonMax);
+        }
+        linha->CalcularLimites();
+        lista.Add(linha);
+    }
+}
+
+void CriarAreas(TGISObjetoList &lista, std::mt19937 &aleatorio)
+{
+    std::uniform_int_distribution<std::int32_t> lat(LatMin + 6000, LatMax - 6000);
+    std::uniform_int_distribution<std::int32_t> lon(LonMin + 6000, LonMax - 6000);
+    std::uniform_real_distribution<double> raio(600.0, 6000.0);
+    std::uniform_real_distribution<double> variacao(0.6, 1.0);
+    for (int k = 0; k < TotalAreas; ++k) {
+        auto area = new TGISArea;
+        const TGISPosicao c = GISPosicao(lat(aleatorio), lon(aleatorio));
+        area->AtribuirPosicao(c);
+        area->AtribuirCor(CorArea);
+        auto run = new TGISPosicaoList;
+        run->Reservar(VerticesArea);
+        area->Pontos().Add(run);
+        const double r = raio(aleatorio);
+        for (int i = 0; i < VerticesArea; ++i) {
+            const double a = 2 * M_PI * i / VerticesArea;
+            const double ri = r * variacao(aleatorio);
+            area->InserirPonto(0, i,
+                               GISPosicao(c.Latitude + static_cast<int>(ri * std::sin(a)),
+                                          c.Longitude + static_cast<int>(ri * std::cos(a))));
+        }
+        area->CalcularLimites();
+        lista.Add(area);
+    }
+}
+
+void CriarPontos(TGISObjetoList &lista, std::mt19937 &aleatorio)
+{
+    std::uniform_int_distribution<std::int32_t> lat(LatMin, LatMax);
+    std::uniform_int_distribution<std::int32_t> lon(LonMin, LonMax);
+    for (int k = 0; k < TotalPontos; ++k) {
+        auto ponto = new TGISPonto;
+        ponto->AtribuirPosicao(GISPosicao(lat(aleatorio), lon(aleatorio)));
+        // Os tamanhos de ConfiguracaoPadrao.
+        ponto->AtribuirTamanhoMaximo(TPoint(50, 50));
+        ponto->AtribuirTamanhoMinimo(TPoint(5, 5));
+        ponto->AtribuirTamanhoNoMundo(GISPosicao(100, 100));
+        ponto->AtribuirForma(gisCirculo);
+        ponto->AtribuirCor(CorPonto);
+        lista.Add(ponto);
+    }
+}
+
+/// Um quadro pelos elementos, com o recorte do controle do mapa.
+double GParcial[3][3];
+
+void DesenharPelosElementos(TMapa &mapa, QImage &imagem, const TGISProjecao &projecao)
+{
+    imagem.fill(Qt::white);
+    TCanvas canvas(&imagem);
+    const TRect tela = projecao.AreaTela();
+    int camada = 0;
+    for (TGISObjetoList *lista : {&mapa.Areas, &mapa.Linhas, &mapa.Pontos}) {
+        const double inicio = Agora();
+        for (int i = 0; i < lista->Count(); ++i) {
+            TGISObjeto *o = lista->Items(i);
+            if (!o->Visivel() || !Intersecao(projecao.MundoParaTelaRet(o->Area()), tela))
+                continue;
+            o->Desenhar(canvas, projecao, false);
+        }
+        GParcial[0][camada++] += Agora() - inicio;
+    }
+}
+
+/// Só o percurso do recorte (sem desenhar): quantos objetos passam.
+int Recortar(TMapa &mapa, const TGISProjecao &projecao)
+{
+    const TRect tela = projecao.AreaTela();
+    int passam = 0;
+    for (TGISObjetoList *lista : {&mapa.Areas, &mapa.Linhas, &mapa.Pontos})
+        for (int i = 0; i < lista->Count(); ++i) {
+            TGISObjeto *o = lista->Items(i);
+            passam += o->Visivel() && Intersecao(projecao.MundoParaTelaRet(o->Area()), tela);
+        }
+    return passam;
+}
+
+/// As mesmas coordenadas já projetadas, para o desenho direto.
+struct TDireto
+{
+    std::vector<TPoint> Vertices;      // linhas e depois áreas, seguidos
+    std::vector<QRect> Caixas;         // caixa de tela de cada linha e área
+    std::vector<QRect> Circulos;       // retângulo de cada ponto (também o seu recorte)
+};
+
+TDireto Projetar(const TMapa &mapa, const TGISProjecao &projecao)
+{
+    TDireto d;
+    auto caixa = [](const TPoint *p, int n) {
+        int l = p[0].X, r = p[0].X, t = p[0].Y, b = p[0].Y;
+        for (int i = 1; i < n; ++i) {
+            l = std::min(l, p[i].X), r = std::max(r, p[i].X);
+            t = std::min(t, p[i].Y), b = std::max(b, p[i].Y);
+        }
+        return QRect(QPoint(l, t), QPoint(r, b));
+    };
+    for (const TGISObjetoList *lista : {&mapa.Linhas, &mapa.Areas}) {
+        for (int i = 0; i < lista->Count(); ++i) {
+            auto linha = static_cast<TGISLinha *>(lista->Items(i));
+            std::vector<TPoint> pts;
+            linha->AjustarPontos(projecao, 0, pts);
+            d.Caixas.push_back(caixa(pts.data(), static_cast<int>(pts.size())));
+            d.Vertices.insert(d.Vertices.end(), pts.begin(), pts.end());
+        }
+    }
+    for (int i = 0; i < mapa.Pontos.Count(); ++i) {
+        // O mesmo retângulo que o elemento calcula (5x5 na extensão inteira), como o canvas o
+        // passa ao QPainter.
+        auto ponto = static_cast<TGISPonto *>(mapa.Pontos.Items(i));
+        const TRect r = ponto->ObterAreaDesenho(projecao);
+        d.Circulos.push_back(QRect(r.Left, r.Top, r.Right - r.Left - 1, r.Bottom - r.Top - 1));
+    }
+    return d;
+}
+
+/// Um quadro direto com QPainter (mesmas canetas e pincéis, recorte pela caixa já projetada).
+void DesenharDireto(const TDireto &d, QImage &imagem)
+{
+    imagem.fill(Qt::white);
+    QPainter p(&imagem);
+    p.setRenderHint(QPainter::Antialiasing, false);
+    const QRect tela(0, 0, Largura + 1, Altura + 1);
+    double inicio = Agora();
+    TPen caneta;
+    caneta.Color = CorLinha;
+    p.setPen(caneta.ParaQPen());
+    p.setBrush(Qt::NoBrush);
+    const QPoint *v = reinterpret_cast<const QPoint *>(d.Vertices.data());
+    for (int i = 0; i < TotalLinhas; ++i)
+        if (d.Caixas[i].intersects(tela) || d.Caixas[i].width() <= 1)
+            p.drawPolyline(v + i * VerticesLinha, VerticesLinha);
+    GParcial[1][1] += Agora() - inicio;
+    inicio = Agora();
+    v += TotalLinhas * VerticesLinha;
+    p.setPen(TPen().ParaQPen());
+    TBrush pincel;
+    pincel.Color = CorArea;
+    p.setBrush(pincel.ParaQBrush());
+    for (int i = 0; i < TotalAreas; ++i)
+        if (d.Caixas[TotalLinhas + i].intersects(tela) || d.Caixas[TotalLinhas + i].width() <= 1)
+            p.drawPolygon(v + i * VerticesArea, VerticesArea);
+    GParcial[1][0] += Agora() - inicio;
+    inicio = Agora();
+    pincel.Color = CorPonto;
+    p.setBrush(pincel.ParaQBrush());
+    for (const QRect &r : d.Circulos)
+        if (r.intersects(tela))
+            p.drawEllipse(r);
+    p.end();
+    GParcial[1][2] += Agora() - inicio;
+}
+
+/// Milissegundos do quadro mais rápido de `Repeticoes` (depois de um quadro de aquecimento): a
+/// máquina é compartilhada, e o mínimo é o que menos sofre com a carga dos outros. As parciais por
+/// camada são as médias.
+template <typename F>
+double Medir(int linha, F &&quadro)
+{
+    quadro();
+    for (double &v : GParcial[linha])
+        v = 0;
+    double melhor = 1e300;
+    for (int i = 0; i < Repeticoes; ++i) {
+        const double inicio = Agora();
+        quadro();
+        melhor = std::min(melhor, Agora() - inicio);
+    }
+    return melhor;
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QGuiApplication app(argc, argv);
+    QString png;
+    QString pngDireto;
+    for (int i = 1; i < argc; ++i) {
+        const QString a = QString::fromLocal8Bit(argv[i]);
+        if (a == QLatin1String("--passo") && i + 1 < argc)
+            GPasso = QString::fromLocal8Bit(argv[++i]).toInt();
+        else if (png.isEmpty())
+            png = a;
+        else
+            pngDireto = a;
+    }
+
+    std::mt19937 aleatorio(20261121u);
+    TMapa mapa;
+    const std::size_t m0 = MemoriaEmUso();
+    CriarLinhas(mapa.Linhas, aleatorio);
+    const std::size_t m1 = MemoriaEmUso();
+    CriarAreas(mapa.Areas, aleatorio);
+    const std::size_t m2 = MemoriaEmUso();
+    CriarPontos(mapa.Pontos, aleatorio);
+    const std::size_t m3 = MemoriaEmUso();
+
+    std::printf("Mapa B1: %d linhas x %d vertices (passo ate %d\"), %d areas x %d vertices, %d pontos\n",
+                TotalLinhas, VerticesLinha, GPasso, TotalAreas, VerticesArea, TotalPontos);
+    std::printf("Memoria: linhas %.1f MB = %.2f bytes por vertice de linha (objeto incluido)\n",
+                (m1 - m0) / 1e6, double(m1 - m0) / (double(TotalLinhas) * VerticesLinha));
+    std::printf("         areas %.1f MB = %.2f bytes por vertice de area\n", (m2 - m1) / 1e6,
+                double(m2 - m1) / (double(TotalAreas) * VerticesArea));
+    std::printf("         pontos %.1f MB = %.1f bytes por objeto ponto (sizeof %zu)\n", (m3 - m2) / 1e6,
+                double(m3 - m2) / TotalPontos, sizeof(TGISPonto));
+
+    TGISProjecaoMercator projecao;
+    projecao.DoAtribuirAreaTela(TRect(0, 0, Largura, Altura));
+    mapa.Linhas.CalcularLimites();
+    TGISRet limites = mapa.Linhas.Limites();
+    mapa.Areas.CalcularLimites();
+    limites = Uniao(limites, mapa.Areas.Limites());
+    projecao.DoAtribuirAreaMundo(limites);
+    projecao.FitToRect(limites);
+    const double zoomInteiro = projecao.Zoom();
+
+    QImage imagem(Largura, Altura, QImage::Format_ARGB32_Premultiplied);
+    std::printf("%-10s %12s %12s %8s %16s\n", "vista", "elementos ms", "QPainter ms", "razao", "so recorte ms");
+    for (const int fator : {1, 8, 64}) {
+        projecao.AtribuirZoom(zoomInteiro * fator);
+        // Um quadro antes, para que os pontos guardem a área de desenho deste zoom (o recorte usa a
+        // do último desenho, como no controle do mapa).
+        DesenharPelosElementos(mapa, imagem, projecao);
+        const TDireto direto = Projetar(mapa, projecao);
+        const double ms = Medir(0, [&] { DesenharPelosElementos(mapa, imagem, projecao); });
+        if (!png.isEmpty()) // a extensão inteira no nome dado; os zooms com "-8x", "-64x"
+            imagem.save(fator == 1 ? png : QString(png).replace(QLatin1String(".png"), QStringLiteral("-%1x.png").arg(fator)));
+        const double msDireto = Medir(1, [&] { DesenharDireto(direto, imagem); });
+        int passam = 0;
+        const double msRecorte = Medir(2, [&] { passam = Recortar(mapa, projecao); });
+        if (fator == 1 && !pngDireto.isEmpty())
+            imagem.save(pngDireto);
+        std::printf("%-10s %12.1f %12.1f %8.2f %9.1f (%d objetos passam)\n",
+                    fator == 1 ? "inteira" : (fator == 8 ? "zoom 8x" : "zoom 64x"), ms, msDireto, ms / msDireto,
+                    msRecorte, passam);
+        std::printf("   por camada (areas/linhas/pontos) elementos %.1f/%.1f/%.1f, QPainter %.1f/%.1f/%.1f\n",
+                    GParcial[0][0] / Repeticoes, GParcial[0][1] / Repeticoes, GParcial[0][2] / Repeticoes,
+                    GParcial[1][0] / Repeticoes, GParcial[1][1] / Repeticoes, GParcial[1][2] / Repeticoes);
+    }
+    return 0;
+}

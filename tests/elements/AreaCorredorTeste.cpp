@@ -1,0 +1,131 @@
+// A área (polígono regular fechado, preenchimento, cores) e o corredor (a faixa em volta da linha).
+
+#include "CanvasGravador.h"
+
+#include "companions/components/TTabelaDeCores.h"
+#include "companions/geodesy/Distancia.h"
+#include "elements/GISArea.h"
+#include "elements/GISCorredor.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+
+using namespace tavru;
+using namespace tavru::teste;
+
+TEST(Area, PoligonoRegularFechadoExplicitamente)
+{
+    TGISProjecaoMercator projecao;
+    PrepararProjecao(projecao);
+    TRoteiro roteiro{"2", "x", "6", "0"};
+    TGISArea area;
+    ASSERT_TRUE(area.ConfiguracaoPadrao(projecao, TPoint(300, 300)));
+    ASSERT_EQ(roteiro.Perguntas().size(), 3);
+    EXPECT_EQ(roteiro.Perguntas()[0], QStringLiteral("texto: Área: Entre com o número de Pontos de 3 a 200"));
+    std::vector<TPoint> p;
+    area.AjustarPontos(projecao, 0, p);
+    ASSERT_EQ(p.size(), 7u);
+    EXPECT_EQ(p.front(), p.back());
+    EXPECT_EQ(p[0], TPoint(320, 300));
+    EXPECT_EQ(p[3], TPoint(280, 300));
+    for (int i = 0; i < 6; ++i)
+        EXPECT_NEAR(std::hypot(p[i].X - 300, p[i].Y - 300), 20.0, 0.8) << i;
+    TGISArea desistida;
+    EXPECT_FALSE(desistida.ConfiguracaoPadrao(projecao, TPoint(300, 300)));
+    EXPECT_EQ(desistida.Pontos().Count(), 0);
+
+    // Desenho fechado e preenchido, e pertinência pelo interior.
+    area.Pincel().Style = bsCross;
+    area.AtribuirCor(0x00AA00AA);
+    EXPECT_EQ(area.Pincel().Style, bsCross);
+    TCanvasGravador canvas;
+    area.Desenhar(canvas, projecao, false);
+    ASSERT_EQ(canvas.Nomes(), QStringList{QStringLiteral("Polygon")});
+    EXPECT_EQ(canvas.Chamadas[0].Pontos, p);
+    EXPECT_EQ(canvas.Chamadas[0].Pincel.Color, 0x00AA00AA);
+    EXPECT_EQ(canvas.Chamadas[0].Pincel.Style, bsCross);
+    EXPECT_TRUE(area.Pertence(projecao, TPoint(300, 300)));
+    EXPECT_TRUE(area.Pertence(projecao, TPoint(310, 305)));
+    EXPECT_FALSE(area.Pertence(projecao, TPoint(330, 300)));
+}
+
+TEST(Area, CoresDaTabelaMantemOEstiloDoPincel)
+{
+    TTabelaDeCores tabela;
+    tabela.AtribuirCores({0x00000011, 0x00000022});
+    tabela.AtribuirCorPadrao(0x00000099);
+    TGISArea area;
+    TGISCorredor corredor;
+    auto conferir = [&](TGISObjeto &o, TBrush &pincel, auto atribuirIndicePincel) {
+        pincel.Style = bsFDiagonal;
+        o.AtribuirIndiceCor(1);
+        atribuirIndicePincel(0);
+        o.AtualizarCores(tabela);
+        EXPECT_EQ(o.Caneta().Color, 0x00000022);
+        EXPECT_EQ(o.ObterCor(), 0x00000011);
+        EXPECT_EQ(pincel.Style, bsFDiagonal);
+        o.AtribuirIndiceCor(2); // fora da tabela: a cor padrão
+        atribuirIndicePincel(-1);
+        o.AtualizarCores(tabela);
+        EXPECT_EQ(o.Caneta().Color, 0x00000099);
+        EXPECT_EQ(o.ObterCor(), 0x00000099);
+    };
+    conferir(area, area.Pincel(), [&](int i) { area.AtribuirIndicePincel(i); });
+    conferir(corredor, corredor.Pincel(), [&](int i) { corredor.AtribuirIndicePincel(i); });
+}
+
+TEST(Corredor, FaixaSimetricaComLargurasIguais)
+{
+    TGISProjecaoMercator projecao;
+    PrepararProjecao(projecao);
+    TGISCorredor corredor;
+    corredor.AtribuirEsq(1.0); // milhas náuticas: cerca de 60 pixels aqui
+    corredor.AtribuirDir(1.0);
+    double esq = 0, dir = 0;
+    corredor.LargurasNaTela(projecao, esq, dir);
+    EXPECT_NEAR(esq, 60.0, 1.0);
+    EXPECT_DOUBLE_EQ(esq, dir);
+
+    Preencher(corredor, {GISPosicao(0, -200), GISPosicao(0, 0), GISPosicao(0, 200)});
+    TCanvasGravador canvas;
+    corredor.Desenhar(canvas, projecao, false);
+    ASSERT_EQ(canvas.Nomes(), QStringList{QStringLiteral("Polygon")});
+    const std::vector<TPoint> &contorno = canvas.Chamadas[0].Pontos;
+    const int w = static_cast<int>(std::lround(esq));
+    // Ida pela esquerda (norte, acima na tela) e volta pela direita.
+    EXPECT_EQ(contorno.front(), TPoint(300, 500 - w));
+    EXPECT_EQ(contorno.back(), TPoint(300, 500 + w));
+    for (const TPoint &p : contorno) {
+        const TPoint espelho(p.X, 1000 - p.Y);
+        EXPECT_NE(std::find(contorno.begin(), contorno.end(), espelho), contorno.end()) << p.X << "," << p.Y;
+    }
+    // Só a linha central toca o corredor.
+    EXPECT_TRUE(corredor.Pertence(projecao, TPoint(400, 502)));
+    EXPECT_FALSE(corredor.Pertence(projecao, TPoint(400, 500 - w / 2)));
+    EXPECT_EQ(corredor.Area(), GISRet(0, -200, 0, 200));
+
+    // Uma sequência de um ponto não desenha nada.
+    TGISCorredor ponto;
+    Preencher(ponto, {GISPosicao(10, 10)});
+    canvas.Chamadas.clear();
+    ponto.Desenhar(canvas, projecao, false);
+    EXPECT_TRUE(canvas.Chamadas.empty());
+}
+
+TEST(Corredor, DobraJuntaODentroEAbreOFora)
+{
+    // Leste e depois norte (na tela: direita e depois para cima).
+    const TPoint p[] = {TPoint(100, 500), TPoint(300, 500), TPoint(300, 300)};
+    std::vector<TPoint> contorno;
+    TGISCorredor::Contorno(p, 2, 10.0, 20.0, contorno);
+    ASSERT_LE(contorno.size(), 8u);
+    // Ida (esquerda, lado de dentro da curva): início, encontro das bordas, fim.
+    EXPECT_EQ(contorno[0], TPoint(100, 490));
+    EXPECT_EQ(contorno[1], TPoint(290, 490));
+    EXPECT_EQ(contorno[2], TPoint(290, 300));
+    // Volta (direita, lado de fora): as bordas não se encontram e são ligadas ponta a ponta.
+    const std::vector<TPoint> volta(contorno.begin() + 3, contorno.end());
+    EXPECT_EQ(volta, (std::vector<TPoint>{TPoint(320, 300), TPoint(320, 500), TPoint(300, 520), TPoint(100, 520)}));
+}
