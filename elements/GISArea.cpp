@@ -1,5 +1,7 @@
 #include "elements/GISArea.h"
 
+#include "elements/Deslocamento.h"
+
 #include "companions/components/TTabelaDeCores.h"
 #include "core/Arredondar.h"
 #include "core/TGISProjecao.h"
@@ -41,7 +43,7 @@ void TGISArea::AtualizarCores(const TTabelaDeCores &tabela)
 
 bool TGISArea::ConfiguracaoPadrao(const TGISProjecao &projecao, const TPoint &ponto)
 {
-    const int n = PerguntarPontos(QStringLiteral("Área"), QStringLiteral("Entre com o número de Pontos de 3 a 200"), 3);
+    const int n = PerguntarNumeroDePontos(QStringLiteral("Área"), QStringLiteral("Entre com o número de Pontos de 3 a 200"), 3);
     if (n == 0)
         return false;
     auto lista = new TGISPosicaoList;

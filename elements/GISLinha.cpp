@@ -1,5 +1,7 @@
 #include "elements/GISLinha.h"
 
+#include "elements/Deslocamento.h"
+
 #include "core/Arredondar.h"
 #include "core/TGISProjecao.h"
 #include "platform/Exception.h"
@@ -16,14 +18,6 @@ const TClasseObjeto TGISLinha::Descritor = TClasseObjeto::De<TGISLinha>("TGISLin
 
 namespace {
 
-constexpr double Pi = 3.14159265358979323846;
-
-/// O valor de 64 bits levado à faixa de 32 (posições fora do mundo não estouram).
-std::int32_t Limitar32(long long v)
-{
-    return static_cast<std::int32_t>(std::clamp<long long>(v, INT32_MIN, INT32_MAX));
-}
-
 /// Posições absolutas de uma sequência, reaproveitadas entre desenhos (só a linha da interface).
 TGISPosicaoList &Rascunho()
 {
@@ -36,32 +30,6 @@ TGISPosicaoList &Rascunho()
 TGISLinha::TGISLinha() = default;
 
 TGISLinha::~TGISLinha() = default;
-
-TGISPosicao TGISLinha::Absoluto(const TGISPosicao &d, const TGISPosicao &p, double cosO, double senO, bool semGiro)
-{
-    if (semGiro)
-        return GISPosicao(Limitar32(static_cast<long long>(p.Latitude) + d.Latitude),
-                          Limitar32(static_cast<long long>(p.Longitude) + d.Longitude));
-    // r cos(o + t) e r sen(o + t) com r e t do deslocamento, pela fórmula da soma de ângulos.
-    const double lat = d.Latitude;
-    const double lon = d.Longitude;
-    return GISPosicao(Arredondar(p.Latitude + lat * cosO + lon * senO),
-                      Arredondar(p.Longitude + lon * cosO - lat * senO));
-}
-
-TGISPosicao TGISLinha::Deslocamento(const TGISPosicao &a) const
-{
-    const TGISPosicao p = Posicao();
-    const long long dlat = static_cast<long long>(a.Latitude) - p.Latitude;
-    const long long dlon = static_cast<long long>(a.Longitude) - p.Longitude;
-    const double o = Orientacao();
-    if (o == 0.0)
-        return GISPosicao(Limitar32(dlat), Limitar32(dlon));
-    // r cos(t - o) e r sen(t - o).
-    const double c = std::cos(o);
-    const double s = std::sin(o);
-    return GISPosicao(Arredondar(dlat * c - dlon * s), Arredondar(dlon * c + dlat * s));
-}
 
 void TGISLinha::AtribuirPosicao(const TGISPosicao &p)
 {
@@ -83,17 +51,17 @@ TGISPosicao TGISLinha::ObterPonto(int lista, int indice) const
 {
     const TGISPosicao d = FPontos.Items(lista)->ObterPosicao(indice);
     const double o = Orientacao();
-    return Absoluto(d, Posicao(), std::cos(o), std::sin(o), o == 0.0);
+    return PosicaoAbsoluta(d, Posicao(), o);
 }
 
 void TGISLinha::AtribuirPonto(int lista, int indice, const TGISPosicao &posicao)
 {
-    FPontos.Items(lista)->AtribuirPosicao(indice, Deslocamento(posicao));
+    FPontos.Items(lista)->AtribuirPosicao(indice, Deslocamento(posicao, Posicao(), Orientacao()));
 }
 
 void TGISLinha::InserirPonto(int lista, int indice, const TGISPosicao &posicao)
 {
-    FPontos.Items(lista)->Insert(indice, Deslocamento(posicao));
+    FPontos.Items(lista)->Insert(indice, Deslocamento(posicao, Posicao(), Orientacao()));
 }
 
 void TGISLinha::CalcularLimites()
@@ -114,7 +82,7 @@ void TGISLinha::CalcularLimites()
     TGISRet caixa;
     for (int i = 0; i < FPontos.Count(); ++i) {
         for (const TGISPosicao &d : *FPontos.Items(i)) {
-            const TGISPosicao a = Absoluto(d, p, c, s, semGiro);
+            const TGISPosicao a = PosicaoAbsoluta(d, p, c, s, semGiro);
             if (!algum) {
                 caixa = TGISRet{a, a};
                 algum = true;
@@ -145,7 +113,7 @@ void TGISLinha::AjustarPontos(const TGISProjecao &projecao, int lista, TPoint *p
     const TGISPosicao *d = origem.Dados();
     TGISPosicao *a = absolutas.Dados();
     for (int i = 0; i < total; ++i)
-        a[i] = Absoluto(d[i], p, c, s, semGiro);
+        a[i] = PosicaoAbsoluta(d[i], p, c, s, semGiro);
     projecao.MundoParaTelaPontos(absolutas, pontos);
 }
 
@@ -194,25 +162,9 @@ TGISRet TGISLinha::Area() const
     return FLimites;
 }
 
-int TGISLinha::PerguntarPontos(const QString &titulo, const QString &pergunta, int minimo)
-{
-    const QString padrao = QString::number(minimo);
-    for (;;) {
-        const QString resposta = Dialogos().InputBox(titulo, pergunta, padrao);
-        bool ok = false;
-        int n = resposta.trimmed().toInt(&ok);
-        if (!ok)
-            n = -1;
-        if (n == 0)
-            return 0;
-        if (n >= minimo && n <= 200)
-            return n;
-    }
-}
-
 bool TGISLinha::ConfiguracaoPadrao(const TGISProjecao &projecao, const TPoint &ponto)
 {
-    const int n = PerguntarPontos(QStringLiteral("Linha"), QStringLiteral("Entre com o número de Pontos de 2 a 200"), 2);
+    const int n = PerguntarNumeroDePontos(QStringLiteral("Linha"), QStringLiteral("Entre com o número de Pontos de 2 a 200"), 2);
     if (n == 0)
         return false;
     FPontos.Add(new TGISPosicaoList);
@@ -220,11 +172,8 @@ bool TGISLinha::ConfiguracaoPadrao(const TGISProjecao &projecao, const TPoint &p
     // zero num objeto que está sendo incluído.
     TGISPosicaoList &lista = *FPontos.Items(0);
     lista.Reservar(lista.Count() + n);
-    const double passo = 2 * Pi / (n / 3.0);
-    for (int i = 0; i < n; ++i) {
-        const TPoint p((i - n / 2) * 10 + ponto.X, Arredondar(std::sin(i * passo) * 20.0 + ponto.Y));
-        lista.Add(projecao.TelaParaMundo(p));
-    }
+    for (int i = 0; i < n; ++i)
+        lista.Add(projecao.TelaParaMundo(PontoDaSenoidePadrao(i, n, ponto)));
     CalcularLimites();
     return true;
 }
@@ -259,13 +208,14 @@ void TGISLinha::AjustarCentro()
         || FLimites.Pos2.Longitude - static_cast<long long>(FLimites.Pos1.Longitude) <= 0)
         return;
     const TGISPosicao c = Centro(FLimites);
+    // Cada deslocamento passa a ser contado do centro: d + (P - C), sem giro.
     const TGISPosicao p = Posicao();
+    const TGISPosicao pc = GISPosicao(p.Latitude - c.Latitude, p.Longitude - c.Longitude);
     for (int i = 0; i < FPontos.Count(); ++i) {
         TGISPosicaoList &lista = *FPontos.Items(i);
         TGISPosicao *d = lista.Dados();
         for (int j = 0; j < lista.Count(); ++j)
-            d[j] = GISPosicao(Limitar32(static_cast<long long>(d[j].Latitude) + p.Latitude - c.Latitude),
-                              Limitar32(static_cast<long long>(d[j].Longitude) + p.Longitude - c.Longitude));
+            d[j] = PosicaoAbsoluta(d[j], pc, 1.0, 0.0, true);
     }
     AtribuirPosicao(c);
 }

@@ -95,16 +95,8 @@ protected:
     /// Desenha cada sequência com pontos por `DesenharOtimizado` (aberta ou fechada e
     /// preenchida), sem mexer em caneta e pincel.
     void DesenharSequencias(TCanvas &canvas, const TGISProjecao &projecao, bool aberto) const;
-    /// Pergunta o número de pontos de `minimo` a 200 por `Dialogos()`; 0 quando o usuário desiste.
-    static int PerguntarPontos(const QString &titulo, const QString &pergunta, int minimo);
 
 private:
-    /// O ponto absoluto de um deslocamento, com a posição e o giro dados.
-    static TGISPosicao Absoluto(const TGISPosicao &deslocamento, const TGISPosicao &p, double cosO, double senO,
-                                bool semGiro);
-    /// O deslocamento guardado de uma posição absoluta.
-    TGISPosicao Deslocamento(const TGISPosicao &absoluta) const;
-
     TGISPosicaoListList FPontos;
     TGISRet FLimites;
 };

@@ -1,5 +1,7 @@
 #include "elements/GISTrajeto.h"
 
+#include "elements/Deslocamento.h"
+
 #include "core/Arredondar.h"
 #include "core/TGISProjecao.h"
 #include "elements/GISLinha.h"
@@ -11,28 +13,6 @@
 #include <memory>
 
 namespace tavru {
-
-namespace {
-
-constexpr double Pi = 3.14159265358979323846;
-
-/// O número de pontos de 2 a 200, perguntado até vir um válido; 0 quando o usuário desiste.
-int PerguntarPontos()
-{
-    const QString titulo = QStringLiteral("Linha");
-    const QString pergunta = QStringLiteral("Entre com o número de Pontos de 2 a 200");
-    const QString padrao = QStringLiteral("2");
-    for (;;) {
-        bool ok = false;
-        int n = Dialogos().InputBox(titulo, pergunta, padrao).trimmed().toInt(&ok);
-        if (!ok)
-            n = -1;
-        if (n == 0 || (n >= 2 && n <= 200))
-            return n;
-    }
-}
-
-} // namespace
 
 const TClasseObjeto TGISTrajeto::Descritor = TClasseObjeto::De<TGISTrajeto>("TGISTrajeto");
 
@@ -63,30 +43,14 @@ TGISPontoTrajeto *TGISTrajeto::ObterPonto(int indice) const
 
 TGISPosicao TGISTrajeto::ObterGISPosicao(int indice) const
 {
-    const TGISPosicao d = FPontos.ObterPonto(indice)->Posicao();
-    const TGISPosicao p = Posicao();
-    const double r = std::sqrt(double(d.Latitude) * d.Latitude + double(d.Longitude) * d.Longitude);
-    const double t = std::atan2(double(d.Latitude), double(d.Longitude));
-    const double o = Orientacao();
-    return GISPosicao(Arredondar(p.Latitude + r * std::sin(o + t)), Arredondar(p.Longitude + r * std::cos(o + t)));
-}
-
-TGISPosicao TGISTrajeto::Deslocamento(const TGISPosicao &absoluta) const
-{
-    const TGISPosicao p = Posicao();
-    const double dLat = double(absoluta.Latitude) - p.Latitude;
-    const double dLon = double(absoluta.Longitude) - p.Longitude;
-    const double r = std::sqrt(dLat * dLat + dLon * dLon);
-    const double t = std::atan2(dLat, dLon);
-    const double o = Orientacao();
-    return GISPosicao(Arredondar(r * std::sin(t - o)), Arredondar(r * std::cos(t - o)));
+    return PosicaoAbsoluta(FPontos.ObterPonto(indice)->Posicao(), Posicao(), Orientacao());
 }
 
 void TGISTrajeto::AtribuirGISPosicao(int indice, const TGISPosicao &posicao)
 {
     TGISPontoTrajeto *ponto = FPontos.ObterPonto(indice);
     if (!ponto->Fixo())
-        ponto->AtribuirPosicao(Deslocamento(posicao));
+        ponto->AtribuirPosicao(Deslocamento(posicao, Posicao(), Orientacao()));
 }
 
 bool TGISTrajeto::AtribuirPonto(int indice, TGISPontoTrajeto *ponto)
@@ -207,15 +171,12 @@ TGISRet TGISTrajeto::Area() const
 
 bool TGISTrajeto::ConfiguracaoPadrao(const TGISProjecao &projecao, const TPoint &ponto)
 {
-    const int n = PerguntarPontos();
+    const int n = PerguntarNumeroDePontos(QStringLiteral("Linha"), QStringLiteral("Entre com o número de Pontos de 2 a 200"), 2);
     if (n == 0)
         return false;
     FPontos.Clear();
-    const double passo = 2 * Pi / (n / 3.0);
-    for (int i = 0; i < n; ++i) {
-        const TPoint p((i - n / 2) * 10 + ponto.X, Arredondar(std::sin(i * passo) * 20.0 + ponto.Y));
-        InserirPosicao(i, projecao.TelaParaMundo(p));
-    }
+    for (int i = 0; i < n; ++i)
+        InserirPosicao(i, projecao.TelaParaMundo(PontoDaSenoidePadrao(i, n, ponto)));
     CalcularLimites();
     return true;
 }

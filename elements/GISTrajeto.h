@@ -98,7 +98,6 @@ public:
     TGISRet Limites() const { return FLimites; }
 
 private:
-    TGISPosicao Deslocamento(const TGISPosicao &absoluta) const;
 
     TGISPontosTrajeto FPontos;
     TGISRet FLimites;

@@ -1,0 +1,69 @@
+#include "elements/Deslocamento.h"
+
+#include "core/Arredondar.h"
+#include "platform/TProvedorDeDialogos.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+
+namespace tavru {
+
+namespace {
+
+/// O valor de 64 bits levado à faixa de 32 (posições fora do mundo não estouram).
+std::int32_t Limitar32(long long v)
+{
+    return static_cast<std::int32_t>(std::clamp<long long>(v, INT32_MIN, INT32_MAX));
+}
+
+} // namespace
+
+TGISPosicao PosicaoAbsoluta(const TGISPosicao &d, const TGISPosicao &p, double cosO, double senO, bool semGiro)
+{
+    if (semGiro)
+        return GISPosicao(Limitar32(static_cast<long long>(p.Latitude) + d.Latitude),
+                          Limitar32(static_cast<long long>(p.Longitude) + d.Longitude));
+    const double lat = d.Latitude;
+    const double lon = d.Longitude;
+    return GISPosicao(Arredondar(p.Latitude + lat * cosO + lon * senO),
+                      Arredondar(p.Longitude + lon * cosO - lat * senO));
+}
+
+TGISPosicao PosicaoAbsoluta(const TGISPosicao &d, const TGISPosicao &p, double o)
+{
+    return PosicaoAbsoluta(d, p, std::cos(o), std::sin(o), o == 0.0);
+}
+
+TGISPosicao Deslocamento(const TGISPosicao &a, const TGISPosicao &p, double o)
+{
+    const long long dlat = static_cast<long long>(a.Latitude) - p.Latitude;
+    const long long dlon = static_cast<long long>(a.Longitude) - p.Longitude;
+    if (o == 0.0)
+        return GISPosicao(Limitar32(dlat), Limitar32(dlon));
+    const double c = std::cos(o);
+    const double s = std::sin(o);
+    return GISPosicao(Arredondar(dlat * c - dlon * s), Arredondar(dlon * c + dlat * s));
+}
+
+TPoint PontoDaSenoidePadrao(int i, int n, const TPoint &centro)
+{
+    constexpr double Pi = 3.14159265358979323846;
+    const double passo = 2 * Pi / (n / 3.0);
+    return TPoint((i - n / 2) * 10 + centro.X, Arredondar(std::sin(i * passo) * 20.0 + centro.Y));
+}
+
+int PerguntarNumeroDePontos(const QString &titulo, const QString &pergunta, int minimo)
+{
+    const QString padrao = QString::number(minimo);
+    for (;;) {
+        bool ok = false;
+        int n = Dialogos().InputBox(titulo, pergunta, padrao).trimmed().toInt(&ok);
+        if (!ok)
+            n = -1;
+        if (n == 0 || (n >= minimo && n <= 200))
+            return n;
+    }
+}
+
+} // namespace tavru
