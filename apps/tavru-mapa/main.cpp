@@ -1,0 +1,93 @@
+// tavru-mapa: o aplicativo de demonstração. Com tela, abre a janela do mapa; sem tela (nem
+// DISPLAY nem WAYLAND_DISPLAY), ou com "--png ARQUIVO", desenha o mapa embutido num PNG e
+// imprime o caminho dele.
+
+#include "MapaEmbutido.h"
+#include "TJanelaMapa.h"
+
+#include "control/TGis.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QEvent>
+#include <QFileInfo>
+#include <QTimer>
+#include <cstdio>
+
+using namespace tavru;
+
+namespace {
+
+/// Avisa na saída padrão, uma vez, quando o mapa foi pintado na tela (os testes de ponta a ponta
+/// esperam por esta linha antes de fotografar a tela).
+class TAvisoDePintura : public QObject
+{
+public:
+    using QObject::QObject;
+
+protected:
+    bool eventFilter(QObject *alvo, QEvent *evento) override
+    {
+        if (evento->type() == QEvent::Paint && !FAvisado) {
+            FAvisado = true;
+            QTimer::singleShot(0, this, [] {
+                std::printf("Mapa na tela\n");
+                std::fflush(stdout);
+            });
+        }
+        return QObject::eventFilter(alvo, evento);
+    }
+
+private:
+    bool FAvisado = false;
+};
+
+int DesenharEmPng(const QString &arquivo)
+{
+    TGis gis;
+    gis.resize(1000, 760);
+    MontarMapaEmbutido(gis);
+    gis.Zerado();
+    gis.FitToWindow();
+    const QString caminho = QFileInfo(arquivo).absoluteFilePath();
+    if (!gis.Buffer().save(caminho, "PNG")) {
+        std::fprintf(stderr, "Não foi possível gravar %s\n", qPrintable(caminho));
+        return 1;
+    }
+    std::printf("%s\n", qPrintable(caminho));
+    return 0;
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    QString arquivoPng;
+    for (int i = 1; i < argc; ++i) {
+        const QString arg = QString::fromLocal8Bit(argv[i]);
+        if (arg == QLatin1String("--png") && i + 1 < argc) {
+            arquivoPng = QString::fromLocal8Bit(argv[++i]);
+        } else if (arg == QLatin1String("--help") || arg == QLatin1String("-h")) {
+            std::printf("Uso: tavru-mapa [--png ARQUIVO]\n"
+                        "  Abre o mapa de demonstração numa janela. Sem tela, ou com --png, desenha o\n"
+                        "  mapa num PNG (padrão: tavru-mapa.png na pasta temporária) e imprime o caminho.\n");
+            return 0;
+        }
+    }
+    const bool semTela = qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+    if ((semTela || !arquivoPng.isEmpty()) && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+
+    QApplication app(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("tavru-mapa"));
+    if (semTela || !arquivoPng.isEmpty())
+        return DesenharEmPng(arquivoPng.isEmpty() ? QDir::temp().filePath(QStringLiteral("tavru-mapa.png"))
+                                                  : arquivoPng);
+
+    TJanelaMapa janela;
+    TAvisoDePintura aviso;
+    janela.Gis()->installEventFilter(&aviso);
+    janela.resize(1100, 760);
+    janela.show();
+    return app.exec();
+}

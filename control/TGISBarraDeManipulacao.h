@@ -1,0 +1,102 @@
+#pragma once
+/// \file
+/// A barra de manipulação: ajustar, mover, ampliar uma área, ampliar e reduzir o mapa.
+
+#include "companions/components/TCustomBarraDeFerramentas.h"
+#include "control/IGISMouseEvent.h"
+#include "platform/Exportacao.h"
+
+#include <cstdint>
+
+namespace tavru {
+
+class TGis;
+
+/// Estados da barra de manipulação.
+enum TBarraManipulacaoEstado : std::uint8_t {
+    meSemAcao,    ///< nenhuma ferramenta
+    mePreZoomRet, ///< ampliação por retângulo armada
+    meZoomRet,    ///< retângulo sendo arrastado
+    meAmpliar,    ///< ferramenta de ampliar
+    meReduzir,    ///< ferramenta de reduzir
+    mePreMover,   ///< deslocamento armado
+    meMover       ///< deslocando
+};
+
+/// Os botões da barra de manipulação, por índice.
+enum TGISBotoesDaBarraDeManipulacao : std::uint8_t { btnAjustar, btnMover, btnAmpliarArea, btnAmpliar, btnReduzir };
+
+/// Barra de navegação de um `TGis`, com a sua máquina de estados: ajustar à janela, deslocar
+/// arrastando, ampliar o retângulo arrastado e ampliar ou reduzir com cliques.
+///
+/// É uma ferramenta (`IGISMouseEvent`) registrada no controle que lhe é dado (`AtribuirGis`); o
+/// controle não é possuído, e a barra o esquece quando ele é destruído. Os cinco botões estão no
+/// grupo 1 (no máximo um abaixado; um segundo clique levanta o abaixado), com as dicas e os
+/// bitmaps `BMP_AJUSTARZOOM`, `BMP_MOVER`, `BMP_ZOOMRET`, `BMP_AMPLIAR` e `BMP_REDUZIR` dos recursos
+/// do módulo. "Ajustar a Janela" nunca fica abaixado.
+///
+/// Mouse, resumido (ver cada operação): aperto com o botão do meio, com exatamente {ctrl} e o
+/// esquerdo, com exatamente {esquerdo, direito}, ou com o esquerdo em `mePreZoomRet`, arrasta um
+/// retângulo, desenhado invertendo os pixels da imagem da tela (o mapa não é redesenhado); soltar
+/// amplia o retângulo quando ele passa de 10 pixels nas duas direções. O botão direito, ou o
+/// esquerdo em `mePreMover`, desloca o mapa, redesenhando a cada movimento. Os conjuntos de estado
+/// se comparam por igualdade. Fora de `meSemAcao`, `mePreZoomRet` e `mePreMover` só o botão
+/// direito é atendido (deslocar a partir das ferramentas de zoom, que voltam ao soltar). Em
+/// `meAmpliar` e `meReduzir` um clique centra no ponto e multiplica o zoom por 1.2 ou 0.8.
+class TAVRU_GIS_EXPORT TGISBarraDeManipulacao : public TCustomBarraDeFerramentas, public IGISMouseEvent
+{
+    Q_OBJECT
+public:
+    /// Fatores de zoom dos cliques, em precisão estendida (o produto com o zoom é feito nela).
+    static constexpr long double FatorAmpliar = 1.2L;
+    static constexpr long double FatorReduzir = 0.8L;
+    /// Um retângulo arrastado só amplia quando passa disto, em pixels, nas duas direções.
+    static constexpr int ArrasteMinimo = 10;
+
+    explicit TGISBarraDeManipulacao(QWidget *parent = nullptr);
+    /// Tira o registro do controle.
+    ~TGISBarraDeManipulacao() override;
+
+    TGis *GIS() const { return FGis; }
+    /// Tira o registro do controle anterior, guarda `gis` e se registra nele (se não for nulo).
+    void AtribuirGis(TGis *gis);
+
+    TBarraManipulacaoEstado Estado() const { return FEstado; }
+    /// Guarda o estado (nada acontece se é o atual), refresca a barra e abaixa o botão do estado:
+    /// `mePreZoomRet` e `meZoomRet` o 2, `meAmpliar` o 3, `meReduzir` o 4, `mePreMover` e `meMover` o
+    /// 1; `meSemAcao` não abaixa nem levanta nenhum.
+    void AtribuirEstado(TBarraManipulacaoEstado estado);
+    /// O estado a que um arrasto volta quando termina.
+    TBarraManipulacaoEstado EstadoAnterior() const { return FEstadoAnterior; }
+    /// O ponto do aperto (pixels); no deslocamento, o do último movimento.
+    TPoint PontoPressionado() const { return FPontoPressionado; }
+    /// O último ponto do retângulo arrastado (pixels).
+    TPoint UltimoPonto() const { return FUltimoPonto; }
+
+    void GISMouseClick(const TPoint &ponto) override;
+    void GISMouseMove(const TPoint &ponto) override;
+    void GISMouseUp(const TPoint &ponto, TMouseButton botao, TShiftState shift) override;
+    void GISMouseDown(const TPoint &ponto, TMouseButton botao, TShiftState shift) override;
+
+protected:
+    /// Monta os cinco botões da tabela, todos no grupo 1.
+    void CriarComponentes() override;
+    /// Com um controle: 0 ajusta à janela, 1 arma o deslocamento, 2 a ampliação por retângulo, 3 a
+    /// ampliação e 4 a redução; depois o botão 0 é levantado, e se o botão clicado ficou levantado
+    /// o estado volta a `meSemAcao`. Sem controle, nada.
+    void DoClicar(int indice) override;
+    /// O controle está sendo destruído: esquece-o.
+    void Notification();
+
+private:
+    /// Inverte o retângulo do aperto até `ate` na imagem da tela.
+    void InverterRetangulo(const TPoint &ate);
+
+    TGis *FGis = nullptr;
+    TBarraManipulacaoEstado FEstado = meSemAcao;
+    TBarraManipulacaoEstado FEstadoAnterior = meSemAcao;
+    TPoint FPontoPressionado;
+    TPoint FUltimoPonto;
+};
+
+} // namespace tavru

@@ -1,0 +1,739 @@
+#include "control/TGis.h"
+
+#include "companions/components/TSeta.h"
+#include "companions/components/TTabelaDeCores.h"
+#include "companions/components/TVisualizadorInformacoes.h"
+#include "companions/symbology/TTabelaDeSimbolos.h"
+#include "control/IGISMouseEvent.h"
+#include "core/Arredondar.h"
+#include "core/TGISCamadaList.h"
+#include "core/TGISProjecaoMercator.h"
+#include "elements/GISImagem.h"
+#include "elements/GISPonto.h"
+#include "platform/TCanvas.h"
+#include "platform/TStringList.h"
+
+#include <QCursor>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QRegion>
+#include <algorithm>
+#include <cstring>
+
+namespace tavru {
+
+TGis::TGis(QWidget *parent)
+    : QWidget(parent),
+      FSeta(std::make_unique<TSeta>()),
+      FRotulos(std::make_unique<TStringList>()),
+      FCanvas(std::make_unique<TCanvas>(&FBuffer)),
+      FCanvasTela(std::make_unique<TCanvas>(&FTela)),
+      FCamadas(std::make_unique<TGISCamadaList>()),
+      FProjecaoPropria(std::make_unique<TGISProjecaoMercator>()),
+      FVigia(std::make_unique<QObject>())
+{
+    FProjecao = FProjecaoPropria.get();
+    setMouseTracking(true);
+    setAttribute(Qt::WA_OpaquePaintEvent);
+}
+
+TGis::~TGis()
+{
+    emit Destruindo();
+    FVigia.reset();
+    FFerramentas.clear();
+    FSeta.reset();
+    TGis::Limpar();
+    FCamadas.reset();
+    FCanvas.reset();
+    FBuffer = QImage();
+    FCanvasTela.reset();
+    FTela = QImage();
+    FRotulos.reset();
+}
+
+// Camadas.
+
+TGISCamada *TGis::ObterCamada(const QString &nome) const
+{
+    const int i = FCamadas->IndexOf(nome);
+    return i < 0 ? nullptr : FCamadas->Items(i);
+}
+
+void TGis::ObterNomesCamadas(TStringList &nomes) const
+{
+    nomes.Clear();
+    for (int i = 0; i < FCamadas->Count(); ++i)
+        nomes.Add(FCamadas->Items(i)->Nome());
+}
+
+void TGis::TrazerParaFrente(const QString &nome)
+{
+    const int i = FCamadas->IndexOf(nome);
+    if (i >= 0)
+        FCamadas->Add(FCamadas->Extract(FCamadas->Items(i)));
+}
+
+void TGis::EnviarParaTras(const QString &nome)
+{
+    const int i = FCamadas->IndexOf(nome);
+    if (i >= 0)
+        FCamadas->Insert(0, FCamadas->Extract(FCamadas->Items(i)));
+}
+
+void TGis::MoverParaFrente(const QString &nome)
+{
+    const int i = FCamadas->IndexOf(nome);
+    if (i >= 0)
+        FCamadas->Exchange(i, i + 1);
+}
+
+void TGis::MoverParaTras(const QString &nome)
+{
+    const int i = FCamadas->IndexOf(nome);
+    if (i >= 0)
+        FCamadas->Exchange(i, i - 1);
+}
+
+void TGis::Limpar()
+{
+    FObjetoSelecionado = nullptr;
+    FCamadas->Clear();
+}
+
+// Desenho.
+
+void TGis::Desenhar()
+{
+    if (!isEnabled())
+        return;
+    const int largura = width();
+    const int altura = height();
+    FProjecao->DoAtribuirAreaTela(TRect(0, 0, largura, altura));
+    if (FBuffer.height() != altura || FBuffer.width() != largura) {
+        FCanvas->AtribuirImagem(nullptr);
+        FBuffer = QImage(std::max(largura, 0), std::max(altura, 0), QImage::Format_ARGB32_Premultiplied);
+        FCanvas->AtribuirImagem(&FBuffer);
+    }
+    TCanvas &canvas = *FCanvas;
+    canvas.Brush().Style = bsSolid;
+    canvas.Brush().Color = FColor;
+    canvas.FillRect(TRect(0, 0, largura, altura));
+
+    TGISObjeto::AtribuirTabelaSimbolos(FTabelaDeSimbolos);
+    const double zoom = FProjecao->Zoom();
+    for (int i = 0; i < FCamadas->Count(); ++i) {
+        TGISCamada *camada = FCamadas->Items(i);
+        if (!(zoom < camada->ZoomMinimo()) && !(zoom > camada->ZoomMaximo()))
+            DesenharCamada(*camada, canvas, *FProjecao);
+    }
+    DesenharObjetoSelecionado();
+    if (FSeta->Mostrar())
+        FSeta->Desenhar(canvas);
+    Paint();
+}
+
+void TGis::DesenharCamada(TGISCamada &camada, TCanvas &canvas, TGISProjecao &projecao)
+{
+    canvas.Font().Assign(FFont);
+    canvas.Brush().Assign(FBrush);
+    canvas.Pen().Assign(FPen);
+
+    // Uma entrada por objeto. Um objeto pulado fica com o índice 0 e o texto vazio; um desenhado
+    // sem rótulo, com -1.
+    struct TEntrada
+    {
+        int X = 0;
+        int Y = 0;
+        int Indice = 0;
+        QString Texto;
+    };
+    const TGISObjetoList &objetos = camada.Objetos();
+    const int total = objetos.Count();
+    std::vector<TEntrada> entradas(static_cast<size_t>(total));
+
+    if (camada.Visivel()) {
+        const TRect tela = projecao.AreaTela();
+        for (int i = 0; i < total; ++i) {
+            TGISObjeto *objeto = objetos.Items(i);
+            if (!objeto)
+                continue;
+            if (!Intersecao(projecao.MundoParaTelaRet(objeto->Area()), tela))
+                continue;
+            canvas.Brush().Assign(FBrush);
+            canvas.Pen().Assign(FPen);
+            canvas.Font().Assign(FFonteRotulo);
+            if (FTabelaDeCores && objeto->IndiceCor() >= 0 && objeto->IndiceCor() < FTabelaDeCores->ObterTotal())
+                objeto->AtualizarCores(*FTabelaDeCores);
+            objeto->Desenhar(canvas, projecao, false);
+
+            TEntrada &entrada = entradas[static_cast<size_t>(i)];
+            if (objeto->RotuloVisivel() && objeto->Informacoes().ObterTotal() > 0) {
+                auto *ponto = dynamic_cast<TGISPonto *>(objeto);
+                const TRect referencia = ponto ? ponto->ObterAreaDesenho(projecao)
+                                               : ConcertaRect(projecao.MundoParaTelaRet(objeto->Area()));
+                const TPoint ancora = Centro(referencia);
+                entrada.Texto = ObterRotulo(*objeto);
+                entrada.X = ancora.X - canvas.TextWidth(entrada.Texto) / 2;
+                entrada.Y = ancora.Y;
+                entrada.Indice = i;
+            } else {
+                entrada.Indice = -1;
+            }
+        }
+    }
+
+    // Os rótulos, por ordem de índice de objeto: primeiro as entradas de índice 0 (o objeto 0 e
+    // as puladas, na ordem da tabela), depois a entrada j de cada índice j. É a mesma ordem da
+    // busca índice a índice, numa passada só. Textos vazios não escrevem nada e são pulados. O
+    // alinhamento é o de esquerda e topo, qualquer que seja o que um objeto deixou no canvas.
+    const unsigned alinhamento = canvas.SetTextAlign(TA_LEFT | TA_TOP);
+    auto escrever = [&canvas](const TEntrada &e) {
+        if (e.Texto.isEmpty())
+            return;
+        canvas.Brush().Style = bsClear;
+        canvas.TextOut(e.X, e.Y, e.Texto);
+    };
+    for (const TEntrada &e : entradas)
+        if (e.Indice == 0)
+            escrever(e);
+    for (int j = 1; j < total; ++j)
+        if (entradas[static_cast<size_t>(j)].Indice == j)
+            escrever(entradas[static_cast<size_t>(j)]);
+    canvas.SetTextAlign(alinhamento);
+}
+
+void TGis::DesenharObjetoSelecionado()
+{
+    if (!FObjetoSelecionado)
+        return;
+    FSeta->Mover(FProjecao->MundoParaTela(FObjetoSelecionado->Posicao()));
+    TCanvas &canvas = *FCanvas;
+    const TColor cor = FSeta->Brush().Color;
+    canvas.Pen().Color = cor;
+    canvas.Pen().Width = 2;
+    canvas.Brush().Color = cor;
+    canvas.Brush().Style = bsBDiagonal;
+    FObjetoSelecionado->Desenhar(canvas, *FProjecao, true);
+}
+
+void TGis::CopiarBufferParaTela()
+{
+    FCanvasTela->AtribuirImagem(nullptr);
+    if (FTela.size() == FBuffer.size() && FTela.format() == FBuffer.format() && !FBuffer.isNull()
+        && FTela.bytesPerLine() == FBuffer.bytesPerLine())
+        std::memcpy(FTela.bits(), FBuffer.constBits(), static_cast<size_t>(FBuffer.sizeInBytes()));
+    else
+        FTela = FBuffer.copy();
+    FCanvasTela->AtribuirImagem(&FTela);
+}
+
+void TGis::Paint()
+{
+    CopiarBufferParaTela();
+    update();
+    if (OnPaint)
+        OnPaint(this);
+    ParaCadaFerramenta([](IGISMouseEvent &f) { f.GISPaint(); });
+}
+
+void TGis::paintEvent(QPaintEvent *)
+{
+    QPainter pintor(this);
+    if (!FTela.isNull())
+        pintor.drawImage(0, 0, FTela);
+    // O que a imagem ainda não cobre (antes do primeiro desenho, ou com o controle desabilitado
+    // depois de crescer) fica com a cor de fundo.
+    const QRegion resto = QRegion(rect()) - QRegion(0, 0, FTela.width(), FTela.height());
+    for (const QRect &r : resto)
+        pintor.fillRect(r, CorQt());
+}
+
+// Rótulos.
+
+void TGis::AtualizarRotulos()
+{
+    const QString nome = QStringLiteral("Nome");
+    if (FRotulos->IndexOf(nome) < 0)
+        FRotulos->Add(nome);
+    for (int i = 0; i < FCamadas->Count(); ++i) {
+        const TGISObjetoList &objetos = FCamadas->Items(i)->Objetos();
+        if (objetos.Count() < 1 || !objetos.Items(0))
+            continue;
+        const TInformacoes &info = objetos.Items(0)->Informacoes();
+        if (info.ObterTotal() > 0 && FRotulos->IndexOf(info.ObterNomeCampo(0)) < 0)
+            FRotulos->Add(info.ObterNomeCampo(0));
+    }
+    Desenhar();
+}
+
+QString TGis::ObterRotulo(const TGISObjeto &objeto) const
+{
+    const TInformacoes &info = objeto.Informacoes();
+    const QString separador = QStringLiteral(", ");
+    QString texto;
+    for (int i = 0; i < FRotulos->Count(); ++i) {
+        const int campo = info.ObterIndiceCampo(FRotulos->Strings(i));
+        if (campo < 0)
+            continue;
+        const QString valor = info.ObterValorCampo(campo).trimmed();
+        // O valor já está no texto quando aparece nele terminando onde termina um trecho (antes
+        // de ", " ou no fim): "Azul" já está em "Rio Azul", "Rio" não.
+        if (valor.isEmpty() || (texto + separador).contains(valor + separador))
+            continue;
+        if (!texto.isEmpty())
+            texto += separador;
+        texto += valor;
+    }
+    return texto;
+}
+
+void TGis::ObterRotulos(TStringList &nomes) const
+{
+    nomes.Clear();
+    for (int c = 0; c < FCamadas->Count(); ++c) {
+        const TGISObjetoList &objetos = FCamadas->Items(c)->Objetos();
+        for (int o = 0; o < objetos.Count(); ++o) {
+            const TGISObjeto *objeto = objetos.Items(o);
+            if (!objeto)
+                continue;
+            const TInformacoes &info = objeto->Informacoes();
+            for (int f = 0; f < info.ObterTotal(); ++f) {
+                QString nome = info.ObterNomeCampo(f).toLower();
+                if (nome.isEmpty())
+                    continue;
+                nome[0] = nome[0].toUpper();
+                if (nomes.IndexOf(nome) < 0)
+                    nomes.Add(nome);
+            }
+        }
+    }
+}
+
+// Seleção.
+
+void TGis::SelecionarObjeto(TGISObjeto *objeto)
+{
+    if (objeto == FObjetoSelecionado)
+        return;
+    if (DoMudaObjetoSelecionado(objeto))
+        FObjetoSelecionado = objeto;
+    if (FVisualizadorInformacoes) {
+        if (FObjetoSelecionado)
+            FVisualizadorInformacoes->AtribuirInformacoes(FObjetoSelecionado->Informacoes().Linhas());
+        else
+            FVisualizadorInformacoes->Limpar();
+    }
+    Desenhar();
+    ParaCadaFerramenta([objeto](IGISMouseEvent &f) { f.GISSelecionou(objeto); });
+}
+
+bool TGis::DoMudaObjetoSelecionado(TGISObjeto *objeto)
+{
+    FSeta->AtribuirMostrar(objeto != nullptr);
+    bool podeMudar = true;
+    if (OnMudaObjetoSelecionado)
+        OnMudaObjetoSelecionado(this, objeto, podeMudar);
+    return podeMudar;
+}
+
+void TGis::Zerado()
+{
+    AtualizarRotulos();
+    SelecionarObjeto(nullptr);
+}
+
+// Visão.
+
+void TGis::resizeEvent(QResizeEvent *evento)
+{
+    QWidget::resizeEvent(evento);
+    FProjecao->DoAtribuirAreaTela(TRect(0, 0, width(), height()));
+    Desenhar();
+}
+
+void TGis::FitToWindow()
+{
+    TGISRet r = GISRet(0, 0, 0, 0);
+    for (int c = 0; c < FCamadas->Count(); ++c) {
+        const TGISCamada *camada = FCamadas->Items(c);
+        if (!camada->Visivel())
+            continue;
+        const TGISObjetoList &objetos = camada->Objetos();
+        for (int o = 0; o < objetos.Count(); ++o) {
+            const TGISObjeto *objeto = objetos.Items(o);
+            if (!objeto)
+                continue;
+            try {
+                const TGISRet area = objeto->Area();
+                if (r.Pos1.Latitude == 0 && r.Pos2.Latitude == 0)
+                    r = area;
+                else
+                    r = Uniao(r, area);
+            } catch (const std::exception &) {
+                // Um objeto que não se deixa medir fica de fora do ajuste.
+            }
+        }
+    }
+    FProjecao->DoAtribuirAreaTela(TRect(0, 0, width(), height()));
+    FProjecao->FitToRect(r);
+    Desenhar();
+}
+
+void TGis::FitToCamada(const QString &nome)
+{
+    if (TGISCamada *camada = ObterCamada(nome)) {
+        const TGISRet limites = camada->Objetos().Limites();
+        if (limites.Pos1.Latitude == limites.Pos2.Latitude || limites.Pos1.Longitude == limites.Pos2.Longitude)
+            camada->Objetos().CalcularLimites();
+    }
+    FProjecao->FitToRect(Escalonar(FRetanguloAjuste, 10.0));
+}
+
+void TGis::Visao(const TGISPosicao &posicao, double zoom)
+{
+    FProjecao->AtribuirCentro(posicao);
+    FProjecao->DoAtribuirZoom(zoom);
+    Desenhar();
+}
+
+void TGis::ZoomArea(const QString &nome, int indice)
+{
+    TGISCamada *camada = ObterCamada(nome);
+    if (!camada)
+        return;
+    TGISRet r = camada->Objetos().Items(indice)->Area();
+    r.Pos1.Latitude -= 10;
+    r.Pos1.Longitude -= 10;
+    r.Pos2.Latitude += 10;
+    r.Pos2.Longitude += 10;
+    FProjecao->FitToRect(r);
+}
+
+void TGis::VisualizarObjeto(TGISObjeto *objeto, bool centralizar, int percentual)
+{
+    if (!objeto)
+        return;
+    TGISProjecao &projecao = *FProjecao;
+    if (percentual != 0) {
+        const TGISPosicao centro = projecao.Centro();
+        projecao.FitToRect(Escalonar(objeto->Area(), percentual / 100.0));
+        projecao.AtribuirCentro(centro);
+    }
+    const TGISRet v = ConcertaRect(projecao.TelaParaMundoRet(projecao.AreaTela()));
+    TGISRet o = ConcertaRect(objeto->Area());
+    if (centralizar || Contem(o, v)) {
+        projecao.AtribuirCentro(Centro(objeto->Area()));
+    } else {
+        // A margem: o desenho do ponto, ou a própria tela (não o objeto, de propósito), crescidos
+        // do tamanho da seta.
+        auto *ponto = dynamic_cast<TGISPonto *>(objeto);
+        const TRect margem = ponto ? ponto->ObterAreaDesenho(projecao) : projecao.MundoParaTelaRet(v);
+        o = ConcertaRect(projecao.TelaParaMundoRet(Inflar(margem, FSeta->Tamanho())));
+        auto deslocamento = [](std::int32_t o1, std::int32_t o2, std::int32_t v1, std::int32_t v2) {
+            if (o1 < v1)
+                return o1 - v1;
+            if (o2 > v2)
+                return o2 - v2;
+            return 0;
+        };
+        const std::int32_t dLat = deslocamento(o.Pos1.Latitude, o.Pos2.Latitude, v.Pos1.Latitude, v.Pos2.Latitude);
+        const std::int32_t dLon =
+            deslocamento(o.Pos1.Longitude, o.Pos2.Longitude, v.Pos1.Longitude, v.Pos2.Longitude);
+        const TGISPosicao centro = projecao.Centro();
+        projecao.AtribuirCentro(GISPosicao(centro.Latitude + dLat, centro.Longitude + dLon));
+    }
+    SelecionarObjeto(objeto);
+}
+
+void TGis::CalcularZoomInteligente()
+{
+    TGISProjecao &projecao = *FProjecao;
+    for (int c = 0; c < FCamadas->Count(); ++c) {
+        TGISCamada &camada = *FCamadas->Items(c);
+        TGISObjetoList &objetos = camada.Objetos();
+        objetos.CalcularLimites();
+        const TPoint p1 = projecao.MundoParaTela(objetos.Limites().Pos1);
+        const TPoint p2 = projecao.MundoParaTela(objetos.Limites().Pos2);
+        const int dx = std::abs(p2.X - p1.X);
+        const int dy = std::abs(p2.Y - p1.Y);
+        if (dx > 0 && dy > 0) {
+            const double fx = static_cast<double>(projecao.AreaTela().Width()) / dx;
+            const double fy = static_cast<double>(projecao.AreaTela().Height()) / dy;
+            const double zx = fx * projecao.Zoom();
+            const double zy = fy * projecao.Zoom();
+            camada.AtribuirZoomMinimo(zx > zy ? zx : zy);
+        }
+        AjustarEscalaDasImagens(camada);
+    }
+}
+
+void TGis::AjustarEscalaDasImagens(TGISCamada &camada)
+{
+    const TGISRet mundo = FProjecao->AreaMundo();
+    const TGISObjetoList &objetos = camada.Objetos();
+    for (int i = 0; i < objetos.Count(); ++i) {
+        auto *imagem = dynamic_cast<TGISImagem *>(objetos.Items(i));
+        if (!imagem)
+            continue;
+        const TGISRet area = imagem->Area();
+        const double altura = static_cast<double>(area.Pos2.Latitude) - area.Pos1.Latitude;
+        const double largura = static_cast<double>(area.Pos2.Longitude) - area.Pos1.Longitude;
+        if (altura == 0.0 || largura == 0.0)
+            continue;
+        const double ry = (static_cast<double>(mundo.Pos2.Latitude) - mundo.Pos1.Latitude) / altura;
+        const double rx = (static_cast<double>(mundo.Pos2.Longitude) - mundo.Pos1.Longitude) / largura;
+        imagem->AtribuirEscala(ry < rx ? ry : rx);
+    }
+}
+
+TPoint TGis::PosicaoDoCursor() const
+{
+    const QPoint p = mapFromGlobal(QCursor::pos());
+    return TPoint(p.x(), p.y());
+}
+
+TGISPosicao TGis::ObterPosicaoCursor() const
+{
+    return FProjecao->TelaParaMundo(PosicaoDoCursor());
+}
+
+std::int32_t TGis::ObterLatitude() const
+{
+    return ObterPosicaoCursor().Latitude;
+}
+
+std::int32_t TGis::ObterLongitude() const
+{
+    return ObterPosicaoCursor().Longitude;
+}
+
+// Propriedades.
+
+QColor TGis::CorQt() const
+{
+    return ParaQColor(FColor);
+}
+
+void TGis::AtribuirCorQt(const QColor &cor)
+{
+    FColor = DeQColor(cor);
+}
+
+QStringList TGis::TextosRotulos() const
+{
+    return FRotulos->Textos();
+}
+
+void TGis::AtribuirTextosRotulos(const QStringList &nomes)
+{
+    FRotulos->AtribuirTextos(nomes);
+}
+
+void TGis::AtribuirTabelaDeSimbolos(TTabelaDeSimbolos *tabela)
+{
+    FTabelaDeSimbolos = tabela;
+    VigiarComponente(tabela);
+}
+
+void TGis::AtribuirTabelaDeCores(TTabelaDeCores *tabela)
+{
+    FTabelaDeCores = tabela;
+    VigiarComponente(tabela);
+}
+
+void TGis::AtribuirVisualizadorInformacoes(TVisualizadorInformacoes *visualizador)
+{
+    FVisualizadorInformacoes = visualizador;
+    VigiarComponente(visualizador);
+}
+
+void TGis::AtribuirProjecao(TGISProjecao *projecao)
+{
+    FProjecao = projecao ? projecao : FProjecaoPropria.get();
+}
+
+// Componentes vigiados.
+
+void TGis::VigiarComponente(QObject *componente)
+{
+    if (!componente || FVigiados.contains(componente))
+        return;
+    FVigiados.insert(componente);
+    connect(componente, &QObject::destroyed, FVigia.get(), [this](QObject *morto) {
+        FVigiados.remove(morto);
+        Notification(morto);
+    });
+}
+
+void TGis::Notification(QObject *componente)
+{
+    if (componente == FVisualizadorInformacoes)
+        FVisualizadorInformacoes = nullptr;
+    else if (componente == FTabelaDeSimbolos)
+        FTabelaDeSimbolos = nullptr;
+    else if (componente == FTabelaDeCores)
+        FTabelaDeCores = nullptr;
+    FFerramentas.erase(std::remove_if(FFerramentas.begin(), FFerramentas.end(),
+                                      [componente](const TRegistroFerramenta &r) { return r.Objeto == componente; }),
+                       FFerramentas.end());
+}
+
+// Ferramentas.
+
+void TGis::RegistrarMouseEvent(IGISMouseEvent *intf)
+{
+    if (!intf)
+        return;
+    for (const TRegistroFerramenta &r : FFerramentas)
+        if (r.Ferramenta == intf)
+            return;
+    QObject *objeto = dynamic_cast<QObject *>(intf);
+    FFerramentas.push_back({intf, objeto});
+    VigiarComponente(objeto);
+}
+
+void TGis::RemoverRegistroMouseEvent(IGISMouseEvent *intf)
+{
+    FFerramentas.erase(std::remove_if(FFerramentas.begin(), FFerramentas.end(),
+                                      [intf](const TRegistroFerramenta &r) { return r.Ferramenta == intf; }),
+                       FFerramentas.end());
+}
+
+std::vector<IGISMouseEvent *> TGis::MouseEvents() const
+{
+    std::vector<IGISMouseEvent *> lista;
+    lista.reserve(FFerramentas.size());
+    for (const TRegistroFerramenta &r : FFerramentas)
+        lista.push_back(r.Ferramenta);
+    return lista;
+}
+
+void TGis::ParaCadaFerramenta(const std::function<void(IGISMouseEvent &)> &acao)
+{
+    const std::vector<IGISMouseEvent *> lista = MouseEvents();
+    for (IGISMouseEvent *ferramenta : lista) {
+        const bool registrada = std::any_of(FFerramentas.begin(), FFerramentas.end(),
+                                            [ferramenta](const TRegistroFerramenta &r) { return r.Ferramenta == ferramenta; });
+        if (registrada)
+            acao(*ferramenta);
+    }
+}
+
+void TGis::ObterListaDeObjetos(const TPoint &ponto, TStringList &lista)
+{
+    lista.Clear();
+    const TRect cliente(0, 0, width(), height());
+    TGISProjecao &projecao = *FProjecao;
+    const double zoom = projecao.Zoom();
+    for (int c = FCamadas->Count() - 1; c >= 0; --c) {
+        const TGISCamada &camada = *FCamadas->Items(c);
+        if (!camada.Visivel() || camada.Tipo() < gtcInterrogavel || zoom < camada.ZoomMinimo()
+            || zoom > camada.ZoomMaximo())
+            continue;
+        const TGISObjetoList &objetos = camada.Objetos();
+        for (int o = objetos.Count() - 1; o >= 0; --o) {
+            TGISObjeto *objeto = objetos.Items(o);
+            if (!objeto)
+                continue;
+            const TRect r = projecao.MundoParaTelaRet(objeto->Area());
+            if (!Intersecao(r, projecao.AreaTela()))
+                continue;
+            const int margem = r.Left == r.Right ? Arredondar(projecao.ErroTelaPonto() * zoom / 2.0)
+                                                 : Arredondar(projecao.ErroTelaPonto());
+            const TRect crescido = Inflar(r, margem);
+            if (!Intersecao(crescido, cliente) || !PertenceRect(ponto, crescido))
+                continue;
+            const QString rotulo = ObterRotulo(*objeto);
+            if (objeto->Pertence(projecao, ponto) && !rotulo.isEmpty())
+                lista.AddObject(rotulo, objeto);
+        }
+    }
+}
+
+TGISObjeto *TGis::ObterObjeto(const TPoint &ponto)
+{
+    TStringList lista;
+    ObterListaDeObjetos(ponto, lista);
+    return lista.Count() > 0 ? lista.Objeto<TGISObjeto>(0) : nullptr;
+}
+
+// Mouse.
+
+namespace {
+
+bool BotaoDaPlataforma(Qt::MouseButton botao, TMouseButton &resultado)
+{
+    switch (botao) {
+    case Qt::LeftButton: resultado = mbLeft; return true;
+    case Qt::RightButton: resultado = mbRight; return true;
+    case Qt::MiddleButton: resultado = mbMiddle; return true;
+    default: return false;
+    }
+}
+
+TPoint PontoDoEvento(const QMouseEvent *evento)
+{
+    const QPoint p = evento->position().toPoint();
+    return TPoint(p.x(), p.y());
+}
+
+} // namespace
+
+void TGis::mousePressEvent(QMouseEvent *evento)
+{
+    QWidget::mousePressEvent(evento);
+    TMouseButton botao;
+    if (!BotaoDaPlataforma(evento->button(), botao))
+        return;
+    if (botao == mbLeft)
+        FCliqueArmado = true;
+    const TPoint ponto = PontoDoEvento(evento);
+    const TShiftState shift = ShiftDeQt(evento->modifiers(), evento->buttons());
+    ParaCadaFerramenta([&](IGISMouseEvent &f) { f.GISMouseDown(ponto, botao, shift); });
+}
+
+void TGis::mouseDoubleClickEvent(QMouseEvent *evento)
+{
+    // Não chama a base, que repetiria o aperto: o Qt já entregou o segundo aperto antes.
+    TMouseButton botao;
+    if (!BotaoDaPlataforma(evento->button(), botao))
+        return;
+    if (botao == mbLeft)
+        FCliqueArmado = false;
+    const TPoint naoDefinido;
+    ParaCadaFerramenta([&](IGISMouseEvent &f) { f.GISMouseDblClick(naoDefinido); });
+}
+
+void TGis::mouseReleaseEvent(QMouseEvent *evento)
+{
+    QWidget::mouseReleaseEvent(evento);
+    TMouseButton botao;
+    if (!BotaoDaPlataforma(evento->button(), botao))
+        return;
+    const TPoint ponto = PontoDoEvento(evento);
+    if (botao == mbLeft && FCliqueArmado) {
+        FCliqueArmado = false;
+        if (rect().contains(evento->position().toPoint())) {
+            const TPoint cursor = PosicaoDoCursor();
+            ParaCadaFerramenta([&](IGISMouseEvent &f) { f.GISMouseClick(cursor); });
+        }
+    }
+    const TShiftState shift = ShiftDeQt(evento->modifiers(), evento->buttons());
+    ParaCadaFerramenta([&](IGISMouseEvent &f) { f.GISMouseUp(ponto, botao, shift); });
+}
+
+void TGis::mouseMoveEvent(QMouseEvent *evento)
+{
+    QWidget::mouseMoveEvent(evento);
+    const TPoint ponto = PontoDoEvento(evento);
+    ParaCadaFerramenta([&](IGISMouseEvent &f) { f.GISMouseMove(ponto); });
+}
+
+void TGis::leaveEvent(QEvent *evento)
+{
+    QWidget::leaveEvent(evento);
+    ParaCadaFerramenta([](IGISMouseEvent &f) { f.GisMouseLeave(); });
+}
+
+} // namespace tavru

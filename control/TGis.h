@@ -1,0 +1,318 @@
+#pragma once
+/// \file
+/// O controle do mapa: camadas, projeção, buffer de desenho, rótulos, seleção e ferramentas.
+
+#include "companions/geodesy/GISPosicao.h"
+#include "platform/Exportacao.h"
+#include "platform/TBrush.h"
+#include "platform/TColor.h"
+#include "platform/TFont.h"
+#include "platform/TPen.h"
+#include "platform/TPoint.h"
+
+#include <QColor>
+#include <QImage>
+#include <QSet>
+#include <QStringList>
+#include <QWidget>
+#include <functional>
+#include <memory>
+#include <vector>
+
+namespace tavru {
+
+class IGISMouseEvent;
+class TCanvas;
+class TGISCamada;
+class TGISCamadaList;
+class TGISObjeto;
+class TGISProjecao;
+class TSeta;
+class TStringList;
+class TTabelaDeCores;
+class TTabelaDeSimbolos;
+class TVisualizadorInformacoes;
+
+/// O componente visual do mapa: mostra as camadas de objetos sobre o mundo em latitude e
+/// longitude, guarda o objeto selecionado e entrega o mouse às ferramentas registradas.
+///
+/// **Posse.** O controle possui a lista de camadas (e com ela as camadas e os objetos), `Rotulos`,
+/// `Pen`, `Brush`, `FonteRotulo`, `Font`, a `Seta`, o buffer de desenho e a imagem da tela. Não
+/// possui o objeto selecionado (só uma referência), as tabelas de cores e de símbolos, o
+/// visualizador de informações nem as ferramentas: esquece cada um desses componentes quando ele
+/// é destruído (`QObject::destroyed`, ver `Notification`).
+///
+/// **Projeção.** `Projecao` é uma referência simples que o hospedeiro pode trocar; o controle
+/// nunca libera uma projeção que recebeu, nem ao trocá-la nem na destruição. A projeção padrão (um
+/// `TGISProjecaoMercator`) é criada pelo controle e fica guardada à parte até a destruição dele,
+/// quando é liberada: quem a pegou não a usa depois que o controle morre. Trocar a projeção não a
+/// libera, e `AtribuirProjecao(nullptr)` volta à padrão.
+///
+/// **Desenho.** Tudo é desenhado num buffer (`QImage` `Format_ARGB32_Premultiplied`) pelo canvas
+/// `ObterAreaDeDesenho`. `Paint` copia o buffer inteiro para a imagem da tela (o "canvas da tela",
+/// `ObterCanvasTela`) e `paintEvent` só mostra essa imagem. Ferramentas que desenham na tela (o
+/// elástico de seleção) pintam na imagem da tela e pedem `update()`: o mapa não é redesenhado para
+/// isso, e o desenho delas some no próximo `Paint`.
+///
+/// **Mouse.** O controle não interpreta o mouse: cada botão apertado ou solto, movimento, clique,
+/// clique duplo, saída, pintura e pedido de seleção vai a cada ferramenta registrada, em ordem
+/// (`IGISMouseEvent`). O clique é o da plataforma: o botão esquerdo apertado e solto dentro do
+/// controle; ele é entregue antes do `GISMouseUp` desse soltar, como a plataforma faz. O clique
+/// duplo chega depois do segundo `GISMouseDown` (o Qt entrega o segundo aperto antes do clique
+/// duplo) e o soltar que o segue não é clique.
+///
+/// **Índices de camadas.** O índice 0 é desenhado primeiro (embaixo). As operações de ordem acham
+/// a camada pelo nome sem diferenciar maiúsculas e ignoram nomes desconhecidos; `MoverParaFrente`
+/// da camada de cima e `MoverParaTras` da de baixo levantam `EListError` da lista, de propósito.
+///
+/// Tudo roda na linha de execução da interface.
+class TAVRU_GIS_EXPORT TGis : public QWidget
+{
+    Q_OBJECT
+    Q_PROPERTY(QStringList Rotulos READ TextosRotulos WRITE AtribuirTextosRotulos)
+    Q_PROPERTY(QColor Color READ CorQt WRITE AtribuirCorQt)
+
+public:
+    /// Pergunta ao hospedeiro se a seleção pode mudar para `novoObjeto` (nulo: nenhum);
+    /// `podeMudar` chega verdadeiro e o tratador o põe em falso para recusar.
+    using TOnMudaObjetoSelecionado = std::function<void(QObject *sender, TGISObjeto *novoObjeto, bool &podeMudar)>;
+    /// Evento simples (só quem o levanta).
+    using TNotifyEvent = std::function<void(QObject *sender)>;
+
+    /// Cria, nesta ordem: a seta, as referências vazias, `Rotulos`, a fonte dos rótulos, o buffer,
+    /// a lista de camadas, o pincel, a caneta, os eventos vazios, a projeção Mercator e a lista de
+    /// ferramentas.
+    explicit TGis(QWidget *parent = nullptr);
+    /// Esquece as ferramentas, libera a seta, chama `Limpar` e libera o resto; a projeção recebida
+    /// não é liberada.
+    ~TGis() override;
+
+    // Camadas (nenhuma destas operações redesenha).
+
+    /// A lista de camadas (possuída pelo controle).
+    TGISCamadaList &Camadas() { return *FCamadas; }
+    const TGISCamadaList &Camadas() const { return *FCamadas; }
+    /// A primeira camada com esse nome, sem diferenciar maiúsculas, ou nula.
+    TGISCamada *ObterCamada(const QString &nome) const;
+    /// Esvazia `nomes` e põe nela o nome de cada camada, na ordem da lista.
+    void ObterNomesCamadas(TStringList &nomes) const;
+    /// Leva a camada para o fim da lista (desenhada por último, por cima).
+    void TrazerParaFrente(const QString &nome);
+    /// Leva a camada para o índice 0 (desenhada primeiro).
+    void EnviarParaTras(const QString &nome);
+    /// Troca a camada com a seguinte (a de cima levanta `EListError`).
+    void MoverParaFrente(const QString &nome);
+    /// Troca a camada com a anterior (a de baixo levanta `EListError`).
+    void MoverParaTras(const QString &nome);
+    /// Esquece o objeto selecionado (sem perguntar) e esvazia a lista de camadas. Não redesenha.
+    virtual void Limpar();
+
+    // Desenho.
+
+    /// Desenha tudo no buffer e mostra: nada acontece com o controle desabilitado. Ajusta a tela da
+    /// projeção ao controle, pinta o fundo com `Color`, entrega a tabela de símbolos aos objetos,
+    /// desenha as camadas do índice 0 para cima (só as que têm o zoom da projeção dentro dos seus
+    /// limites, inclusive), o objeto selecionado, a seta (quando mostrada) e chama `Paint`.
+    virtual void Desenhar();
+    /// Desenha os objetos da camada que caem na tela (e só se ela está visível) e depois os
+    /// rótulos deles, de modo que nenhum objeto cubra um rótulo da própria camada.
+    void DesenharCamada(TGISCamada &camada, TCanvas &canvas, TGISProjecao &projecao);
+    /// Põe a seta no objeto selecionado e o desenha por cima, hachurado na cor da seta.
+    void DesenharObjetoSelecionado();
+    /// O canvas do buffer de desenho. As ferramentas desenham nele as suas prévias.
+    TCanvas &ObterAreaDeDesenho() { return *FCanvas; }
+    /// O buffer de desenho (o mapa desenhado da última vez).
+    const QImage &Buffer() const { return FBuffer; }
+    /// O canvas da imagem da tela (o que `paintEvent` mostra). Quem desenha nele chama `update()`.
+    TCanvas &ObterCanvasTela() { return *FCanvasTela; }
+    /// A imagem da tela.
+    const QImage &ImagemTela() const { return FTela; }
+
+    // Rótulos.
+
+    /// Nomes de campos de informação usados nos rótulos, em ordem de prioridade (possuída).
+    TStringList &Rotulos() { return *FRotulos; }
+    const TStringList &Rotulos() const { return *FRotulos; }
+    /// Acrescenta "Nome" e o primeiro campo do primeiro objeto de cada camada a `Rotulos` (sem
+    /// repetir, nunca tirando nada) e redesenha.
+    void AtualizarRotulos();
+    /// O rótulo do objeto: os valores (sem brancos nas pontas) dos campos de `Rotulos` que o
+    /// objeto tem, em ordem, separados por ", ". Um valor que já aparece no texto montado é pulado;
+    /// o teste é de trecho, não de campo, e conta o valor que termina onde termina um trecho (antes
+    /// de ", " ou no fim do texto): com "Rio Azul" montado, "Azul" é pulado e "Rio" entra
+    /// ("Rio Azul, Rio").
+    QString ObterRotulo(const TGISObjeto &objeto) const;
+    /// Esvazia `nomes` e põe nela cada nome de campo distinto do mapa, com a primeira letra
+    /// maiúscula e o resto minúsculo ("NOME" e "nome" dão "Nome").
+    void ObterRotulos(TStringList &nomes) const;
+
+    // Seleção.
+
+    TGISObjeto *ObjetoSelecionado() const { return FObjetoSelecionado; }
+    /// Pergunta (`DoMudaObjetoSelecionado`), seleciona se pode, entrega as informações ao
+    /// visualizador, redesenha e avisa cada ferramenta com o objeto pedido, mesmo recusado. Pedir o
+    /// objeto que já está selecionado não faz nada.
+    void SelecionarObjeto(TGISObjeto *objeto);
+    /// `AtualizarRotulos` e depois `SelecionarObjeto(nullptr)`: o recomeço que o hospedeiro chama
+    /// depois de encher ou esvaziar as camadas.
+    void Zerado();
+
+    // Visão.
+
+    /// Ajusta a visão a todos os objetos das camadas visíveis (ao retângulo (0, 0, 0, 0) quando não
+    /// há nenhum) e redesenha. Um objeto cuja extensão falha ao ser medida é pulado.
+    void FitToWindow();
+    /// Ajusta a visão ao retângulo de ajuste escalado por 10 (não aos limites da camada, de
+    /// propósito: nada escreve esse retângulo, que fica (0, 0, 0, 0)). Calcula os limites da camada
+    /// quando os guardados são degenerados. Não redesenha.
+    void FitToCamada(const QString &nome);
+    /// Centra em `posicao` com `zoom` e redesenha.
+    void Visao(const TGISPosicao &posicao, double zoom);
+    /// Ajusta a visão à extensão do objeto `indice` da camada, crescida de 10 segundos de arco em
+    /// cada coordenada. Índice fora da lista levanta `EListError`. Não redesenha.
+    void ZoomArea(const QString &nome, int indice);
+    /// Traz o objeto para a visão (centrando-o, ou deslocando só o bastante para que ele fique com
+    /// a margem da seta dentro da tela) e o seleciona. Com `percentual` diferente de 0, o zoom
+    /// passa a mostrar a extensão do objeto escalada por `percentual` / 100 sem mudar o centro.
+    /// Sem objeto, nada.
+    void VisualizarObjeto(TGISObjeto *objeto, bool centralizar, int percentual);
+    /// Calcula o zoom mínimo de cada camada a partir da visão atual (o zoom em que a extensão da
+    /// camada enche a tela) e a escala de cada imagem. Não redesenha.
+    void CalcularZoomInteligente();
+    /// A posição do mundo sob o cursor do mouse (`QCursor::pos()` levado ao controle).
+    TGISPosicao ObterPosicaoCursor() const;
+    /// A latitude sob o cursor, em segundos de arco.
+    std::int32_t ObterLatitude() const;
+    /// A longitude sob o cursor, em segundos de arco.
+    std::int32_t ObterLongitude() const;
+    /// O retângulo de ajuste de `FitToCamada`: (0, 0, 0, 0), e nenhuma operação o escreve.
+    TGISRet RetanguloAjuste() const { return FRetanguloAjuste; }
+
+    // Ferramentas e consultas.
+
+    /// Acrescenta a ferramenta, se ainda não está registrada. Se ela é um `QObject`, é esquecida
+    /// quando for destruída.
+    void RegistrarMouseEvent(IGISMouseEvent *intf);
+    /// Tira a ferramenta, se está registrada.
+    void RemoverRegistroMouseEvent(IGISMouseEvent *intf);
+    /// As ferramentas registradas, em ordem.
+    std::vector<IGISMouseEvent *> MouseEvents() const;
+    /// Esvazia `lista` e põe nela o rótulo e o objeto de cada objeto rotulado sob `ponto`
+    /// (pixels), de cima para baixo: camadas da última para a primeira (só as visíveis,
+    /// consultáveis e com o zoom nos seus limites), objetos do último para o primeiro.
+    void ObterListaDeObjetos(const TPoint &ponto, TStringList &lista);
+    /// O objeto rotulado mais de cima sob `ponto`, ou nulo.
+    TGISObjeto *ObterObjeto(const TPoint &ponto);
+
+    // Propriedades.
+
+    /// Caneta padrão dos objetos.
+    TPen &Pen() { return FPen; }
+    /// Pincel padrão dos objetos.
+    TBrush &Brush() { return FBrush; }
+    /// Fonte dos rótulos.
+    TFont &FonteRotulo() { return FFonteRotulo; }
+    /// A fonte do controle na forma da plataforma, que o canvas recebe antes de cada camada
+    /// (independente de `QWidget::font()`).
+    TFont &Font() { return FFont; }
+    /// A seta de seleção (possuída).
+    TSeta &Seta() { return *FSeta; }
+    /// Cor de fundo do mapa. Padrão: a cor de janela do sistema (`clWindow`).
+    TColor Color() const { return FColor; }
+    void AtribuirColor(TColor cor) { FColor = cor; }
+    QColor CorQt() const;
+    void AtribuirCorQt(const QColor &cor);
+    QStringList TextosRotulos() const;
+    void AtribuirTextosRotulos(const QStringList &nomes);
+
+    TTabelaDeSimbolos *TabelaDeSimbolos() const { return FTabelaDeSimbolos; }
+    void AtribuirTabelaDeSimbolos(TTabelaDeSimbolos *tabela);
+    TTabelaDeCores *TabelaDeCores() const { return FTabelaDeCores; }
+    void AtribuirTabelaDeCores(TTabelaDeCores *tabela);
+    TVisualizadorInformacoes *VisualizadorInformacoes() const { return FVisualizadorInformacoes; }
+    void AtribuirVisualizadorInformacoes(TVisualizadorInformacoes *visualizador);
+    /// A projeção em uso (nunca nula).
+    TGISProjecao *Projecao() const { return FProjecao; }
+    /// Troca a projeção (não possuída, não liberada); nula volta à projeção padrão do controle.
+    void AtribuirProjecao(TGISProjecao *projecao);
+
+    /// Levantado por `DoMudaObjetoSelecionado`.
+    TOnMudaObjetoSelecionado OnMudaObjetoSelecionado;
+    /// Levantado por `Paint`, depois de mostrar o buffer.
+    TNotifyEvent OnPaint;
+
+Q_SIGNALS:
+    /// Emitido no começo da destruição, enquanto o controle ainda está inteiro: quem guarda uma
+    /// referência a ele (as barras) a esquece aqui.
+    void Destruindo();
+
+protected:
+    /// Levanta `OnMudaObjetoSelecionado` e responde se a seleção pode mudar. Antes, e mesmo que a
+    /// mudança seja recusada, a seta passa a ser mostrada só quando um objeto foi pedido.
+    virtual bool DoMudaObjetoSelecionado(TGISObjeto *objeto);
+    /// Copia o buffer para a imagem da tela, agenda a pintura, levanta `OnPaint` e avisa as
+    /// ferramentas (`GISPaint`).
+    virtual void Paint();
+    /// Um componente referenciado foi destruído: esquece o visualizador, a tabela de símbolos ou a
+    /// de cores (a primeira que for ele, nessa ordem) e tira das ferramentas as que forem ele.
+    virtual void Notification(QObject *componente);
+    /// O passo das imagens do zoom inteligente: a escala de cada `TGISImagem` da camada passa a ser
+    /// a menor das razões entre o mundo mostrado e a área da imagem (vertical quando menor que a
+    /// horizontal, senão horizontal), com vãos inteiros de segundos de arco. Uma imagem de vão zero
+    /// num eixo fica com a escala que tinha.
+    virtual void AjustarEscalaDasImagens(TGISCamada &camada);
+    /// A posição do cursor do sistema em pixels do controle.
+    virtual TPoint PosicaoDoCursor() const;
+
+    void paintEvent(QPaintEvent *evento) override;
+    void resizeEvent(QResizeEvent *evento) override;
+    void mousePressEvent(QMouseEvent *evento) override;
+    void mouseReleaseEvent(QMouseEvent *evento) override;
+    void mouseMoveEvent(QMouseEvent *evento) override;
+    void mouseDoubleClickEvent(QMouseEvent *evento) override;
+    void leaveEvent(QEvent *evento) override;
+
+private:
+    struct TRegistroFerramenta
+    {
+        IGISMouseEvent *Ferramenta;
+        QObject *Objeto; ///< a mesma ferramenta vista como `QObject`, ou nula
+    };
+
+    /// Liga `Notification` à destruição do componente (uma vez por componente). As ligações têm
+    /// `FVigia` como contexto, desfeito no começo da destruição do controle: um componente que
+    /// morre depois (um filho do controle) não chama um controle pela metade.
+    void VigiarComponente(QObject *componente);
+    /// Chama `acao` em cada ferramenta registrada, em ordem; uma ferramenta tirada durante a volta
+    /// não é chamada depois de tirada.
+    void ParaCadaFerramenta(const std::function<void(IGISMouseEvent &)> &acao);
+    /// Ajusta a imagem da tela ao buffer sem deixar o canvas pintando numa imagem que muda.
+    void CopiarBufferParaTela();
+
+    // Na ordem de construção.
+    std::unique_ptr<TSeta> FSeta;
+    TTabelaDeCores *FTabelaDeCores = nullptr;
+    std::unique_ptr<TStringList> FRotulos;
+    TFont FFonteRotulo;
+    TTabelaDeSimbolos *FTabelaDeSimbolos = nullptr;
+    TVisualizadorInformacoes *FVisualizadorInformacoes = nullptr;
+    TGISObjeto *FObjetoSelecionado = nullptr;
+    QImage FBuffer;
+    std::unique_ptr<TCanvas> FCanvas;
+    QImage FTela;
+    std::unique_ptr<TCanvas> FCanvasTela;
+    std::unique_ptr<TGISCamadaList> FCamadas;
+    TBrush FBrush;
+    TPen FPen;
+    TFont FFont;
+    TColor FColor = clWindow;
+    std::unique_ptr<TGISProjecao> FProjecaoPropria;
+    TGISProjecao *FProjecao = nullptr;
+    std::vector<TRegistroFerramenta> FFerramentas;
+    std::unique_ptr<QObject> FVigia;
+    QSet<QObject *> FVigiados;
+    TGISRet FRetanguloAjuste = GISRet(0, 0, 0, 0);
+    bool FCliqueArmado = false;
+};
+
+} // namespace tavru

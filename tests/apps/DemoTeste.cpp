@@ -1,0 +1,202 @@
+// O aplicativo de demonstração como um usuário o vê: sem tela ele grava o mapa num PNG e diz onde;
+// com tela (um Xvfb de verdade) ele abre a janela, e uma fotografia da tela tirada de fora do
+// programa (xwd) mostra o mapa, não uma janela em branco.
+
+#include <QFile>
+#include <QImage>
+#include <QProcess>
+#include <QSet>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QThread>
+#include <QtEndian>
+#include <gtest/gtest.h>
+
+namespace {
+
+/// A imagem de um arquivo XWD (o que `xwd` grava): 25 inteiros de 32 bits big-endian de
+/// cabeçalho, nome da janela, mapa de cores e pixels ZPixmap de 24 ou 32 bits; nula se não for isso.
+QImage LerXwd(const QByteArray &d)
+{
+    auto campo = [&](int i) { return qFromBigEndian<quint32>(d.constData() + 4 * i); };
+    if (d.size() < 100 || campo(1) != 7 || campo(2) != 2 || (campo(11) != 24 && campo(11) != 32))
+        return {};
+    const int largura = int(campo(4)), altura = int(campo(5)), bytes = int(campo(11) / 8);
+    const qint64 inicio = qint64(campo(0)) + qint64(campo(19)) * 12, porLinha = campo(12);
+    if (largura <= 0 || altura <= 0 || largura > 8192 || altura > 8192 || inicio + porLinha * altura > d.size())
+        return {};
+    const quint32 mascaras[3] = {campo(14), campo(15), campo(16)};
+    if (!mascaras[0] || !mascaras[1] || !mascaras[2])
+        return {};
+    QImage imagem(largura, altura, QImage::Format_RGB32);
+    for (int y = 0; y < altura; ++y)
+        for (int x = 0; x < largura; ++x) {
+            const auto *p = reinterpret_cast<const uchar *>(d.constData() + inicio + y * porLinha + x * bytes);
+            quint32 v = 0;
+            for (int k = 0; k < bytes; ++k) // ordem dos bytes: campo 7 (0 = o menos significativo antes)
+                v |= quint32(p[campo(7) ? k : bytes - 1 - k]) << (8 * (bytes - 1 - k));
+            int c[3];
+            for (int i = 0; i < 3; ++i)
+                c[i] = int((v & mascaras[i]) / (mascaras[i] & (~mascaras[i] + 1)));
+            imagem.setPixel(x, y, qRgb(c[0], c[1], c[2]));
+        }
+    return imagem;
+}
+
+const QString Aplicativo = QStringLiteral(TAVRU_MAPA);
+
+// Cores do mapa embutido: o mar (fundo do mapa) e o preenchimento do Brasil.
+const QRgb CorDoMar = qRgb(170, 205, 235);
+const QRgb CorDoBrasil = qRgb(196, 224, 170);
+
+struct TContagem
+{
+    int Distintas = 0;
+    int Mar = 0;
+    int Brasil = 0;
+};
+
+TContagem Contar(const QImage &imagem, const QRect &regiao)
+{
+    QSet<QRgb> cores;
+    TContagem c;
+    for (int y = regiao.top(); y <= regiao.bottom(); ++y)
+        for (int x = regiao.left(); x <= regiao.right(); ++x) {
+            const QRgb p = imagem.pixel(x, y) | 0xFF000000u;
+            cores.insert(p);
+            c.Mar += p == CorDoMar;
+            c.Brasil += p == CorDoBrasil;
+        }
+    c.Distintas = int(cores.size());
+    return c;
+}
+
+QProcessEnvironment AmbienteSemTela()
+{
+    QProcessEnvironment ambiente = QProcessEnvironment::systemEnvironment();
+    ambiente.remove(QStringLiteral("DISPLAY"));
+    ambiente.remove(QStringLiteral("WAYLAND_DISPLAY"));
+    ambiente.remove(QStringLiteral("QT_QPA_PLATFORM"));
+    return ambiente;
+}
+
+/// Espera uma linha na saída do processo, até `ms` milissegundos.
+QString EsperarLinha(QProcess &processo, int ms)
+{
+    QElapsedTimer relogio;
+    relogio.start();
+    while (relogio.elapsed() < ms) {
+        if (processo.canReadLine())
+            return QString::fromLocal8Bit(processo.readLine()).trimmed();
+        if (processo.state() == QProcess::NotRunning)
+            return {};
+        processo.waitForReadyRead(200);
+    }
+    return {};
+}
+
+/// Encerra o processo, se ainda roda.
+void Encerrar(QProcess &processo)
+{
+    if (processo.state() == QProcess::NotRunning)
+        return;
+    processo.terminate();
+    if (!processo.waitForFinished(5000)) {
+        processo.kill();
+        processo.waitForFinished(5000);
+    }
+}
+
+} // namespace
+
+TEST(TavruMapa, SemTelaGravaOMapaNumPng)
+{
+    QTemporaryDir pasta;
+    ASSERT_TRUE(pasta.isValid());
+    QProcessEnvironment ambiente = AmbienteSemTela();
+    ambiente.insert(QStringLiteral("TMPDIR"), pasta.path());
+
+    QProcess processo;
+    processo.setProcessEnvironment(ambiente);
+    processo.start(Aplicativo, {});
+    ASSERT_TRUE(processo.waitForFinished(60000));
+    ASSERT_EQ(processo.exitCode(), 0) << processo.readAllStandardError().toStdString();
+    const QString caminho = QString::fromLocal8Bit(processo.readAllStandardOutput()).trimmed();
+    EXPECT_EQ(caminho, pasta.filePath(QStringLiteral("tavru-mapa.png")));
+
+    const QImage mapa(caminho);
+    ASSERT_FALSE(mapa.isNull());
+    EXPECT_EQ(mapa.size(), QSize(1000, 760));
+    const TContagem c = Contar(mapa, mapa.rect());
+    EXPECT_GE(c.Distintas, 8);
+    EXPECT_GT(c.Mar, 1000);
+    EXPECT_GT(c.Brasil, 1000);
+
+    // Com --png, o arquivo pedido.
+    const QString pedido = pasta.filePath(QStringLiteral("outro.png"));
+    processo.start(Aplicativo, {QStringLiteral("--png"), pedido});
+    ASSERT_TRUE(processo.waitForFinished(60000));
+    EXPECT_EQ(processo.exitCode(), 0);
+    EXPECT_EQ(QString::fromLocal8Bit(processo.readAllStandardOutput()).trimmed(), pedido);
+    EXPECT_EQ(QImage(pedido), mapa);
+}
+
+TEST(TavruMapa, JanelaNumXDeVerdadeMostraOMapa)
+{
+    const QString xvfb = QStandardPaths::findExecutable(QStringLiteral("Xvfb"));
+    const QString xwd = QStandardPaths::findExecutable(QStringLiteral("xwd"));
+    if (xvfb.isEmpty() || xwd.isEmpty())
+        GTEST_SKIP() << "Xvfb ou xwd não instalados";
+
+    // O Xvfb escolhe um número de tela livre e o escreve na saída (-displayfd 1).
+    QProcess servidor;
+    servidor.start(xvfb, {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"),
+                          QStringLiteral("0"), QStringLiteral("1280x900x24"), QStringLiteral("-nolisten"),
+                          QStringLiteral("tcp")});
+    ASSERT_TRUE(servidor.waitForStarted(10000));
+    const QString numero = EsperarLinha(servidor, 20000);
+    if (numero.isEmpty()) {
+        Encerrar(servidor);
+        GTEST_SKIP() << "o Xvfb não abriu uma tela: " << servidor.readAllStandardError().toStdString();
+    }
+    const QString tela = QStringLiteral(":") + numero;
+
+    QProcessEnvironment ambiente = AmbienteSemTela();
+    ambiente.insert(QStringLiteral("DISPLAY"), tela);
+    ambiente.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
+    QProcess aplicativo;
+    aplicativo.setProcessEnvironment(ambiente);
+    aplicativo.start(Aplicativo, {});
+    const QString aviso = EsperarLinha(aplicativo, 30000);
+    EXPECT_EQ(aviso, QStringLiteral("Mapa na tela")) << aplicativo.readAllStandardError().toStdString();
+
+    // Sem gerenciador de janelas, a janela (1100 x 760) fica no canto; o mapa ocupa o centro dela
+    // (menu e barra em cima, a doca à direita). A tela é fotografada até o mapa aparecer (a
+    // pintura chega ao servidor logo depois do aviso).
+    QTemporaryDir pasta;
+    ASSERT_TRUE(pasta.isValid());
+    const QString foto = pasta.filePath(QStringLiteral("tela.xwd"));
+    const QRect regiaoDoMapa(100, 150, 600, 450);
+    TContagem c;
+    for (int tentativa = 0; tentativa < 20 && aviso == QStringLiteral("Mapa na tela"); ++tentativa) {
+        QProcess captura;
+        captura.start(xwd, {QStringLiteral("-root"), QStringLiteral("-silent"), QStringLiteral("-display"), tela,
+                            QStringLiteral("-out"), foto});
+        ASSERT_TRUE(captura.waitForFinished(20000));
+        ASSERT_EQ(captura.exitCode(), 0) << captura.readAllStandardError().toStdString();
+        QFile arquivo(foto);
+        ASSERT_TRUE(arquivo.open(QIODevice::ReadOnly));
+        const QImage imagem = LerXwd(arquivo.readAll());
+        ASSERT_FALSE(imagem.isNull());
+        ASSERT_EQ(imagem.size(), QSize(1280, 900));
+        c = Contar(imagem, regiaoDoMapa);
+        if (c.Distintas >= 6 && c.Mar > 1000 && c.Brasil > 1000)
+            break;
+        QThread::msleep(250);
+    }
+    Encerrar(aplicativo);
+    Encerrar(servidor);
+    EXPECT_GE(c.Distintas, 6);
+    EXPECT_GT(c.Mar, 1000);
+    EXPECT_GT(c.Brasil, 1000);
+}

@@ -1,0 +1,137 @@
+#pragma once
+// Peças dos testes do controle: um objeto retangular que anota os desenhos, um canvas que anota
+// os textos, uma ferramenta que anota o que recebe e um controle que conta os desenhos.
+
+#include "control/IGISMouseEvent.h"
+#include "control/TGis.h"
+#include "core/TGISCamadaList.h"
+#include "core/TGISProjecao.h"
+#include "platform/Exception.h"
+#include "platform/TCanvas.h"
+
+#include <QStringList>
+
+namespace tavru::teste {
+
+/// Objeto de extensão fixa desenhado como o retângulo dela (com `FCor`, se tem), que anota cada
+/// desenho ("sel:" na frente do desenho de selecionado) num diário.
+class TObjetoRet : public TGISObjeto
+{
+public:
+    static const TClasseObjeto Descritor;
+    explicit TObjetoRet(const TGISRet &area = GISRet(0, 0, 0, 0), QStringList *diario = nullptr,
+                        const QString &nome = QString())
+        : FArea(area), FDiario(diario), FNome(nome)
+    {
+        if (!nome.isEmpty())
+            Informacoes().AtribuirCampo(QStringLiteral("Nome"), nome);
+    }
+    const TClasseObjeto &Classe() const override { return Descritor; }
+    void AtribuirCor(TColor cor) override { FCor = cor; }
+    TColor ObterCor() const override { return FCor; }
+    bool ConfiguracaoPadrao(const TGISProjecao &, const TPoint &) override { return true; }
+    void Desenhar(TCanvas &canvas, const TGISProjecao &projecao, bool selecionado) override
+    {
+        if (FDiario)
+            FDiario->append((selecionado ? QStringLiteral("sel:") : QString()) + FNome);
+        if (FCor != clNone && !selecionado)
+            canvas.Brush().Color = FCor;
+        const TRect r = ConcertaRect(projecao.MundoParaTelaRet(FArea));
+        canvas.Rectangle(r.Left, r.Top, r.Right + 1, r.Bottom + 1);
+    }
+    bool Pertence(const TGISProjecao &projecao, const TPoint &ponto) override
+    {
+        return FAcertaTudo || (FAcertavel && PertenceRect(ponto, ConcertaRect(projecao.MundoParaTelaRet(FArea))));
+    }
+    TGISRet Area() const override
+    {
+        if (FFalhar)
+            throw EInvalidOperation(QStringLiteral("sem extensão"));
+        return FArea;
+    }
+
+    TGISRet FArea;
+    TColor FCor = clNone;
+    bool FAcertavel = true;
+    bool FAcertaTudo = false; ///< `Pertence` sempre verdadeiro (para ver a margem da consulta)
+    bool FFalhar = false;
+
+private:
+    QStringList *FDiario;
+    QString FNome;
+};
+
+/// Canvas que pinta de verdade e anota cada `TextOut` como "texto@x,y".
+class TCanvasGravador : public TCanvas
+{
+public:
+    using TCanvas::TCanvas;
+    void TextOut(int x, int y, const QString &texto) override
+    {
+        Textos.append(QStringLiteral("%1@%2,%3").arg(texto).arg(x).arg(y));
+        TCanvas::TextOut(x, y, texto);
+    }
+    QStringList Textos;
+};
+
+/// Ferramenta que anota cada chamada ("down 10,20 b0 s8", "click 3,4", "paint", ...).
+class TFerramentaGravadora : public IGISMouseEvent
+{
+public:
+    void GISMouseClick(const TPoint &p) override { Anotar("click", p); }
+    void GISMouseDblClick(const TPoint &p) override { Anotar("dblclick", p); }
+    void GISMouseMove(const TPoint &p) override { Anotar("move", p); }
+    void GISMouseUp(const TPoint &p, TMouseButton b, TShiftState s) override { Anotar("up", p, b, s); }
+    void GISMouseDown(const TPoint &p, TMouseButton b, TShiftState s) override { Anotar("down", p, b, s); }
+    void GISPaint() override { Chamadas.append(QStringLiteral("paint")); }
+    void GISSelecionou(TGISObjeto *o) override { Selecionados.append(o); }
+    void GisMouseLeave() override { Chamadas.append(QStringLiteral("leave")); }
+
+    /// As chamadas sem as pinturas (que acompanham todo redesenho).
+    QStringList SemPinturas() const
+    {
+        QStringList r = Chamadas;
+        r.removeAll(QStringLiteral("paint"));
+        return r;
+    }
+    QStringList Chamadas;
+    QList<TGISObjeto *> Selecionados;
+
+private:
+    void Anotar(const char *o, const TPoint &p, int b = -1, int s = 0)
+    {
+        QString t = QStringLiteral("%1 %2,%3").arg(QLatin1String(o)).arg(p.X).arg(p.Y);
+        Chamadas.append(b < 0 ? t : t + QStringLiteral(" b%1 s%2").arg(b).arg(s));
+    }
+};
+
+/// Controle que conta os desenhos completos.
+class TGisContador : public TGis
+{
+public:
+    using TGis::DoMudaObjetoSelecionado;
+    void Desenhar() override
+    {
+        ++Desenhos;
+        TGis::Desenhar();
+    }
+    int Desenhos = 0;
+};
+
+/// Uma camada nova no fim da lista do controle.
+inline TGISCamada &NovaCamada(TGis &gis, const QString &nome, TGISTipoCamada tipo = gtcInterrogavel)
+{
+    auto *camada = new TGISCamada(nome);
+    camada->AtribuirTipo(tipo);
+    gis.Camadas().Add(camada);
+    return *camada;
+}
+
+/// Retângulo do mundo de (lat1, lon1) a (lat2, lon2) em graus.
+inline TGISRet Graus(double lat1, double lon1, double lat2, double lon2)
+{
+    return GISRet(std::int32_t(lat1 * 3600), std::int32_t(lon1 * 3600), std::int32_t(lat2 * 3600),
+                  std::int32_t(lon2 * 3600));
+}
+
+} // namespace tavru::teste
