@@ -1,5 +1,7 @@
 #include "MapaEmbutido.h"
 
+#include "MapaPlotagem.h"
+
 #include "control/TGis.h"
 #include "core/TGISCamadaList.h"
 #include "elements/GISArea.h"
@@ -114,7 +116,7 @@ void MontarBrasil(TGis &gis)
             {-4.3, -70.0},  {-2.0, -69.9},  {-1.0, -69.5},  {0.6, -69.2},   {1.1, -69.9},   {2.2, -70.0},
             {1.7, -69.4},   {1.2, -66.9},   {1.9, -65.5},   {4.2, -64.6},   {4.5, -62.9}},
            true);
-    brasil->Pincel().Color = RGB(196, 224, 170);
+    brasil->Pincel().Style = bsClear; // a figura de satélite aparece por baixo
     brasil->Caneta().Color = RGB(60, 110, 50);
     brasil->Caneta().Width = 2;
     Nomear(*brasil, {{"Nome", "Brasil"}, {"Capital", "Brasília"}, {"Tipo", "País"}});
@@ -212,11 +214,13 @@ void MontarMapaEmbutido(TGis &gis)
     gis.FonteRotulo().Style = Estilo(fsBold);
     gis.FonteRotulo().Color = RGB(40, 40, 40);
     MontarContinente(gis);
+    MontarSatelite(gis);
     MontarGrade(gis);
     MontarBrasil(gis);
     MontarRios(gis);
     MontarCidades(gis);
     MontarTextos(gis);
+    MontarPlotagem(gis);
 }
 
 } // namespace tavru
