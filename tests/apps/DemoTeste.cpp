@@ -45,15 +45,15 @@ QImage LerXwd(const QByteArray &d)
 
 const QString Aplicativo = QStringLiteral(TAVRU_MAPA);
 
-// Cores do mapa embutido: o mar (fundo do mapa) e o preenchimento do Brasil.
+// Cores do mapa embutido: o mar (fundo do mapa) e o preenchimento do continente.
 const QRgb CorDoMar = qRgb(170, 205, 235);
-const QRgb CorDoBrasil = qRgb(196, 224, 170);
+const QRgb CorDoContinente = qRgb(238, 230, 205);
 
 struct TContagem
 {
     int Distintas = 0;
     int Mar = 0;
-    int Brasil = 0;
+    int Continente = 0;
 };
 
 TContagem Contar(const QImage &imagem, const QRect &regiao)
@@ -65,7 +65,7 @@ TContagem Contar(const QImage &imagem, const QRect &regiao)
             const QRgb p = imagem.pixel(x, y) | 0xFF000000u;
             cores.insert(p);
             c.Mar += p == CorDoMar;
-            c.Brasil += p == CorDoBrasil;
+            c.Continente += p == CorDoContinente;
         }
     c.Distintas = int(cores.size());
     return c;
@@ -130,7 +130,7 @@ TEST(TavruMapa, SemTelaGravaOMapaNumPng)
     const TContagem c = Contar(mapa, mapa.rect());
     EXPECT_GE(c.Distintas, 8);
     EXPECT_GT(c.Mar, 1000);
-    EXPECT_GT(c.Brasil, 1000);
+    EXPECT_GT(c.Continente, 1000);
 
     // Com --png, o arquivo pedido.
     const QString pedido = pasta.filePath(QStringLiteral("outro.png"));
@@ -190,7 +190,7 @@ TEST(TavruMapa, JanelaNumXDeVerdadeMostraOMapa)
         ASSERT_FALSE(imagem.isNull());
         ASSERT_EQ(imagem.size(), QSize(1280, 900));
         c = Contar(imagem, regiaoDoMapa);
-        if (c.Distintas >= 6 && c.Mar > 1000 && c.Brasil > 1000)
+        if (c.Distintas >= 6 && c.Mar > 1000 && c.Continente > 1000)
             break;
         QThread::msleep(250);
     }
@@ -198,5 +198,5 @@ TEST(TavruMapa, JanelaNumXDeVerdadeMostraOMapa)
     Encerrar(servidor);
     EXPECT_GE(c.Distintas, 6);
     EXPECT_GT(c.Mar, 1000);
-    EXPECT_GT(c.Brasil, 1000);
+    EXPECT_GT(c.Continente, 1000);
 }
