@@ -158,7 +158,10 @@ void TGis::DesenharCamada(TGISCamada &camada, TCanvas &canvas, TGISProjecao &pro
             TGISObjeto *objeto = objetos.Items(i);
             if (!objeto)
                 continue;
-            if (!Intersecao(projecao.MundoParaTelaRet(objeto->Area()), tela))
+            // Primeiro o teste barato da projeção (que só recusa o que está certamente fora),
+            // depois o exato.
+            const TGISRet area = objeto->Area();
+            if (!projecao.Visivel(area) || !Intersecao(projecao.MundoParaTelaRet(area), tela))
                 continue;
             canvas.Brush().Assign(FBrush);
             canvas.Pen().Assign(FPen);

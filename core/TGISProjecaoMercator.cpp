@@ -2,6 +2,7 @@
 
 #include "core/ProjecaoLinear_p.h"
 
+#include <algorithm>
 #include <typeinfo>
 
 namespace tavru {
@@ -88,6 +89,23 @@ void TGISProjecaoMercator::DoTelaParaMundoPontos(const TPoint *origem, TGISPosic
     const linear::TParametros k{FCoeficiente, FCentroTela, Centro()};
     for (int i = 0; i < total; ++i)
         destino[i] = linear::TelaParaMundo(origem[i], k);
+}
+
+bool TGISProjecaoMercator::Visivel(const TGISRet &r) const
+{
+    constexpr double Margem = 2.0;
+    const TGISPosicao c = Centro();
+    const TRect tela = AreaTela();
+    const double x1 = (double(r.Pos1.Longitude) - c.Longitude) * FCoeficiente + FCentroTela.X;
+    const double x2 = (double(r.Pos2.Longitude) - c.Longitude) * FCoeficiente + FCentroTela.X;
+    const double y1 = FCentroTela.Y - (double(r.Pos1.Latitude) - c.Latitude) * FCoeficiente;
+    const double y2 = FCentroTela.Y - (double(r.Pos2.Latitude) - c.Latitude) * FCoeficiente;
+    const double esquerda = std::min({double(tela.Left), double(tela.Right)}) - Margem;
+    const double direita = std::max({double(tela.Left), double(tela.Right)}) + Margem;
+    const double topo = std::min({double(tela.Top), double(tela.Bottom)}) - Margem;
+    const double base = std::max({double(tela.Top), double(tela.Bottom)}) + Margem;
+    return !(std::max(x1, x2) < esquerda || std::min(x1, x2) > direita || std::max(y1, y2) < topo
+             || std::min(y1, y2) > base);
 }
 
 } // namespace tavru

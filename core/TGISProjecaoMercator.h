@@ -36,6 +36,11 @@ public:
     TPoint MundoParaTela(const TGISPosicao &p) const override;
     /// A inversa linear; com `Coeficiente` zero (tela vazia) levanta `EZeroDivide`.
     TGISPosicao TelaParaMundo(const TPoint &p) const override;
+    /// Falso só quando o retângulo, projetado sem arredondar, fica inteiro a mais de 2 pixels
+    /// fora de `AreaTela`: um teste barato, sem chamadas virtuais, que quem desenha faz antes do
+    /// teste exato (`MundoParaTelaRet` + `Intersecao`). Nunca recusa um retângulo que o teste
+    /// exato aceitaria; um retângulo que ele deixa passar ainda vai ao teste exato.
+    bool Visivel(const TGISRet &r) const override;
 
     /// Pixels por segundo de arco, zoom incluído: o menor dos fatores horizontal e vertical
     /// (cada um 1.0 quando o vão do mundo naquele eixo é zero) vezes o zoom.

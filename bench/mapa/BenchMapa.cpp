@@ -2,8 +2,8 @@
 // 100.000 pontos (círculos com o tamanho que ConfiguracaoPadrao dá), todos entre as longitudes
 // -74 e -34 e as latitudes -34 e 5, com semente fixa. Desenha o mapa pelos próprios elementos numa
 // imagem 1920x1080 ARGB32_Premultiplied, pela projeção Mercator ajustada aos dados, na extensão
-// inteira e com zoom de 8x e 64x no centro, recortando como o controle do mapa (MundoParaTelaRet +
-// Intersecao). Na mesma execução desenha as mesmas coordenadas direto com QPainter (projetadas
+// inteira e com zoom de 8x e 64x no centro, pelo desenho de camada do próprio controle do mapa
+// (TGis::DesenharCamada: recorte, desenho e rótulos). Na mesma execução desenha as mesmas coordenadas direto com QPainter (projetadas
 // antes, sem objetos) como o limite prático. Imprime milissegundos por quadro, a razão, e a
 // memória do mapa (mallinfo2).
 //
@@ -12,12 +12,14 @@
 //   os PNG recebem o quadro pelos elementos (os zooms em NOME-8x.png e NOME-64x.png) e o da
 //   extensão inteira pelo desenho direto.
 
+#include "control/TGis.h"
+#include "core/TGISCamada.h"
 #include "core/TGISObjetoList.h"
 #include "core/TGISProjecaoMercator.h"
 #include "elements/GISElementos.h"
 #include "platform/TCanvas.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <QImage>
 #include <QPainter>
 
@@ -67,9 +69,12 @@ double Agora()
 
 struct TMapa
 {
-    TGISObjetoList Linhas;
-    TGISObjetoList Areas;
-    TGISObjetoList Pontos;
+    TGISCamada CamadaLinhas{QStringLiteral("Linhas")};
+    TGISCamada CamadaAreas{QStringLiteral("Areas")};
+    TGISCamada CamadaPontos{QStringLiteral("Pontos")};
+    TGISObjetoList &Linhas = CamadaLinhas.Objetos();
+    TGISObjetoList &Areas = CamadaAreas.Objetos();
+    TGISObjetoList &Pontos = CamadaPontos.Objetos();
 };
 
 std::int32_t Limitar(std::int32_t v, std::int32_t a, std::int32_t b)
@@ -144,24 +149,18 @@ void CriarPontos(TGISObjetoList &lista, std::mt19937 &aleatorio)
     }
 }
 
-/// Um quadro pelos elementos, com o recorte do controle do mapa.
+/// Um quadro pelos elementos, desenhado camada a camada pelo controle do mapa.
 double GParcial[3][3];
 
-void DesenharPelosElementos(TMapa &mapa, QImage &imagem, const TGISProjecao &projecao)
+void DesenharPelosElementos(TGis &gis, TMapa &mapa, QImage &imagem, TGISProjecao &projecao)
 {
     imagem.fill(Qt::white);
     TCanvas canvas(&imagem);
-    const TRect tela = projecao.AreaTela();
-    int camada = 0;
-    for (TGISObjetoList *lista : {&mapa.Areas, &mapa.Linhas, &mapa.Pontos}) {
+    int indice = 0;
+    for (TGISCamada *camada : {&mapa.CamadaAreas, &mapa.CamadaLinhas, &mapa.CamadaPontos}) {
         const double inicio = Agora();
-        for (int i = 0; i < lista->Count(); ++i) {
-            TGISObjeto *o = lista->Items(i);
-            if (!o->Visivel() || !Intersecao(projecao.MundoParaTelaRet(o->Area()), tela))
-                continue;
-            o->Desenhar(canvas, projecao, false);
-        }
-        GParcial[0][camada++] += Agora() - inicio;
+        gis.DesenharCamada(*camada, canvas, projecao);
+        GParcial[0][indice++] += Agora() - inicio;
     }
 }
 
@@ -173,7 +172,8 @@ int Recortar(TMapa &mapa, const TGISProjecao &projecao)
     for (TGISObjetoList *lista : {&mapa.Areas, &mapa.Linhas, &mapa.Pontos})
         for (int i = 0; i < lista->Count(); ++i) {
             TGISObjeto *o = lista->Items(i);
-            passam += o->Visivel() && Intersecao(projecao.MundoParaTelaRet(o->Area()), tela);
+            const TGISRet area = o->Area();
+            passam += projecao.Visivel(area) && Intersecao(projecao.MundoParaTelaRet(area), tela);
         }
     return passam;
 }
@@ -276,7 +276,8 @@ double Medir(int linha, F &&quadro)
 int main(int argc, char **argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    QGuiApplication app(argc, argv);
+    QApplication app(argc, argv);
+    TGis gis;
     QString png;
     QString pngDireto;
     for (int i = 1; i < argc; ++i) {
@@ -324,9 +325,9 @@ int main(int argc, char **argv)
         projecao.AtribuirZoom(zoomInteiro * fator);
         // Um quadro antes, para que os pontos guardem a área de desenho deste zoom (o recorte usa a
         // do último desenho, como no controle do mapa).
-        DesenharPelosElementos(mapa, imagem, projecao);
+        DesenharPelosElementos(gis, mapa, imagem, projecao);
         const TDireto direto = Projetar(mapa, projecao);
-        const double ms = Medir(0, [&] { DesenharPelosElementos(mapa, imagem, projecao); });
+        const double ms = Medir(0, [&] { DesenharPelosElementos(gis, mapa, imagem, projecao); });
         if (!png.isEmpty()) // a extensão inteira no nome dado; os zooms com "-8x", "-64x"
             imagem.save(fator == 1 ? png : QString(png).replace(QLatin1String(".png"), QStringLiteral("-%1x.png").arg(fator)));
         const double msDireto = Medir(1, [&] { DesenharDireto(direto, imagem); });

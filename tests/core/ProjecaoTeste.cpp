@@ -167,6 +167,26 @@ TEST(Mercator, FitToRect)
     EXPECT_NEAR(t.Bottom - t.Top, -480, 5);
 }
 
+TEST(Mercator, VisivelSoRecusaOQueOTesteExatoRecusa)
+{
+    TGISProjecaoMercator p;
+    p.DoAtribuirAreaTela(TRect(0, 0, 800, 600));
+    p.FitToRect(GISRet(-10000, -20000, 10000, 20000));
+    const TRect tela = p.AreaTela();
+    std::mt19937 aleatorio(7);
+    std::uniform_int_distribution<int> canto(-40000, 40000), lado(0, 300);
+    int recusados = 0;
+    for (int i = 0; i < 20000; ++i) {
+        const int lat = canto(aleatorio), lon = canto(aleatorio);
+        const TGISRet r = GISRet(lat, lon, lat + lado(aleatorio), lon + lado(aleatorio));
+        const bool exato = Intersecao(p.MundoParaTelaRet(r), tela);
+        if (exato)
+            ASSERT_TRUE(p.Visivel(r)) << lat << " " << lon;
+        recusados += !p.Visivel(r);
+    }
+    EXPECT_GT(recusados, 10000) << "o teste barato recusa a maior parte do que está fora";
+}
+
 TEST(Mercator, TelaVaziaLevantaEmVezDeDarInfinito)
 {
     TGISProjecaoMercator p;
