@@ -58,6 +58,18 @@ QString ObterXMLStrings(const char *tagBloco, const char *tagItem, const char *t
     return r;
 }
 
+namespace {
+// O texto de um elemento: os seus filhos de texto e CDATA, juntos, em ordem.
+QString TextoDe(const pugi::xml_node &elemento)
+{
+    QByteArray texto;
+    for (pugi::xml_node filho = elemento.first_child(); filho; filho = filho.next_sibling())
+        if (filho.type() == pugi::node_pcdata || filho.type() == pugi::node_cdata)
+            texto += filho.value();
+    return QString::fromUtf8(texto);
+}
+} // namespace
+
 void AtribuirListaXML(const pugi::xml_node &node, const char *tagBloco, const char *tagItem, bool limpar,
                       TInformacoes &strings, const char *tagValor, const char *tagRotulo)
 {
@@ -67,8 +79,7 @@ void AtribuirListaXML(const pugi::xml_node &node, const char *tagBloco, const ch
     if (!bloco)
         return;
     for (pugi::xml_node campo = bloco.child(tagItem); campo; campo = campo.next_sibling(tagItem))
-        strings.AdicionarCampo(QString::fromUtf8(campo.child(tagRotulo).text().get()),
-                               QString::fromUtf8(campo.child(tagValor).text().get()));
+        strings.AdicionarCampo(TextoDe(campo.child(tagRotulo)), TextoDe(campo.child(tagValor)));
 }
 
 } // namespace tavru

@@ -40,8 +40,8 @@ TAVRU_SIMBOLOGIA_EXPORT QString ObterXMLStrings(const char *tagBloco, const char
 /// nada é lido. Cada filho do bloco chamado `tagItem`, em ordem, vira um campo acrescentado no
 /// fim de `strings` (`AdicionarCampo`: nomes repetidos ficam), com o texto do filho `tagRotulo`
 /// como nome e o do filho `tagValor` como valor; um filho que falta dá o texto vazio. Outros
-/// filhos são ignorados. Os textos vêm do DOM já decodificados (entidades resolvidas, fins de
-/// linha normalizados para LF).
+/// filhos são ignorados. O texto de um filho é o dos seus nós de texto e CDATA, juntos; vem do DOM
+/// já decodificado (entidades resolvidas, fins de linha normalizados para LF).
 ///
 /// Um rótulo que tenha "=" não volta igual: o registro guarda "Nome=Valor" e separa no primeiro
 /// "=" (ver `TInformacoes`).

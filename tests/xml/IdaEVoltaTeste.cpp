@@ -1,0 +1,184 @@
+// Ida e volta de cada tipo de elemento por um documento: o que sobrevive e o que o formato devolve
+// com o valor de um objeto novo (tamanhos de tela do ponto, posição do texto, preenchimento do
+// corredor).
+
+#include "AjustesXML.h"
+
+#include "elements/GISArea.h"
+#include "elements/GISComposto.h"
+#include "elements/GISCorredor.h"
+#include "elements/GISElipse.h"
+#include "elements/GISImagem.h"
+#include "elements/GISPonto.h"
+#include "elements/GISTexto.h"
+#include "elements/GISTrajeto.h"
+
+#include <QImage>
+
+using namespace tavru;
+
+namespace {
+
+class IdaEVolta : public teste::DocumentoXML
+{
+protected:
+    void Volta(TGISObjetoList &ida, TGISObjetoList &volta)
+    {
+        const QString caminho = Caminho(QStringLiteral("ida.xml"));
+        Gravar(ida, caminho);
+        Ler(volta, caminho);
+        ASSERT_EQ(volta.Count(), ida.Count());
+    }
+};
+
+template <typename T>
+T *Novo(TGISObjetoList &lista)
+{
+    T *o = new T;
+    o->Informacoes().AtribuirCampo(QStringLiteral("Nome"), QStringLiteral("São Luís"));
+    o->Informacoes().AtribuirCampo(QStringLiteral("Observação"), QStringLiteral("  com espaços  "));
+    lista.Add(o);
+    return o;
+}
+
+void DuasPartes(TGISLinha &linha)
+{
+    linha.Pontos().Add(new TGISPosicaoList);
+    linha.InserirPonto(0, 0, GISPosicao(-84600, -166500));
+    linha.InserirPonto(0, 1, GISPosicao(-84000, -166000));
+    linha.Pontos().Add(new TGISPosicaoList);
+    linha.InserirPonto(1, 0, GISPosicao(3600, 7200));
+    linha.CalcularLimites();
+}
+
+} // namespace
+
+TEST_F(IdaEVolta, TodosOsTiposDeElemento)
+{
+    TGISObjetoList ida;
+    auto *ponto = Novo<TGISPonto>(ida);
+    ponto->AtribuirPosicao(GISPosicao(-84600, -166500));
+    ponto->AtribuirSimbolo(4);
+    ponto->AtribuirForma(gisQuadrado);
+    ponto->TamanhoNaTela(TPoint{20, 20});
+    ponto->AtribuirTamanhoNoMundo(GISPosicao(3, 5));
+    ponto->Caneta().Color = clRed;
+    auto *texto = Novo<TGISTexto>(ida);
+    texto->AtribuirPosicao(GISPosicao(100, 200));
+    texto->AtribuirTexto(QStringLiteral("Baía de Todos os Santos"));
+    texto->AtribuirAlinhamentoHorizontal(0);
+    texto->Fonte().SetSize(13);
+    auto *linha = Novo<TGISLinha>(ida);
+    DuasPartes(*linha);
+    linha->Caneta() = TPen{0x102030, 1, psDashDot};
+    auto *area = Novo<TGISArea>(ida);
+    DuasPartes(*area);
+    area->Pincel() = TBrush{0x405060, bsFDiagonal};
+    auto *corredor = Novo<TGISCorredor>(ida);
+    DuasPartes(*corredor);
+    corredor->AtribuirEsq(2.5);
+    corredor->Pincel().Style = bsCross;
+    auto *trajeto = Novo<TGISTrajeto>(ida);
+    for (int i = 0; i < 3; ++i)
+        trajeto->InserirPosicao(i, GISPosicao(i * 60, -i * 60));
+    trajeto->ObterPonto(1)->Informacoes().AtribuirCampo(QStringLiteral("Identificador"), QStringLiteral("P2"));
+    trajeto->CalcularLimites();
+    auto *elipse = Novo<TGISElipse>(ida);
+    elipse->AtribuirPosicao(GISPosicao(-13800, -139000));
+    elipse->AtribuirRaioMaior(8);
+    elipse->AtribuirRaioMenorY(1.25);
+    elipse->AtribuirAzimuteInicial(M_PI / 3);
+    elipse->Pincel().Style = bsDiagCross;
+    auto *imagem = Novo<TGISImagem>(ida);
+    imagem->AtribuirArea(GISRet(-10, -20, 30, 40));
+    imagem->AtribuirCor(clLime);
+    auto *composto = Novo<TGISComposto>(ida);
+    composto->Objetos().Add(new TGISPonto);
+    composto->Objetos().Add(new TGISAreaCircular);
+
+    TGISObjetoList volta;
+    Volta(ida, volta);
+    for (int i = 0; i < volta.Count() - 1; ++i) // o composto não grava informações
+        EXPECT_EQ(volta[i]->Informacoes(), ida[i]->Informacoes()) << i;
+
+    // Ponto: posição, símbolo e tamanho no mundo voltam; a cor da caneta volta na fonte;
+    // tamanhos de tela e forma são os de um ponto lido.
+    auto *p = dynamic_cast<TGISPonto *>(volta[0]);
+    ASSERT_TRUE(p);
+    EXPECT_EQ(p->Posicao(), ponto->Posicao());
+    EXPECT_EQ(p->Simbolo(), 4);
+    EXPECT_EQ(p->TamanhoNoMundo(), GISPosicao(3, 5));
+    EXPECT_EQ(p->ObterCor(), clRed);
+    EXPECT_EQ(p->TamanhoMaximo(), (TPoint{8, 8}));
+    EXPECT_EQ(p->TamanhoMinimo(), (TPoint{2, 2}));
+    EXPECT_EQ(p->Forma(), gisCruz);
+
+    auto *t = dynamic_cast<TGISTexto *>(volta[1]);
+    ASSERT_TRUE(t);
+    EXPECT_EQ(t->Texto(), texto->Texto());
+    EXPECT_EQ(t->AlinhamentoHorizontal(), 0);
+    EXPECT_EQ(t->Fonte().Size(), 13);
+    EXPECT_EQ(t->Posicao(), GISPosicao(0, 0)); // a posição do texto não volta
+
+    auto *l = dynamic_cast<TGISLinha *>(volta[2]);
+    ASSERT_TRUE(l);
+    ASSERT_EQ(l->Pontos().Count(), 2);
+    EXPECT_EQ(*l->Pontos()[0], *linha->Pontos()[0]);
+    EXPECT_EQ(*l->Pontos()[1], *linha->Pontos()[1]);
+    EXPECT_EQ(l->Caneta(), linha->Caneta());
+    EXPECT_EQ(l->Limites(), linha->Limites());
+    auto *a = dynamic_cast<TGISArea *>(volta[3]);
+    ASSERT_TRUE(a);
+    EXPECT_EQ(a->Pincel(), area->Pincel());
+    auto *c = dynamic_cast<TGISCorredor *>(volta[4]);
+    ASSERT_TRUE(c);
+    EXPECT_DOUBLE_EQ(c->Esq(), 2.5);
+    EXPECT_EQ(c->Pincel(), TGISCorredor().Pincel()); // o preenchimento não volta
+    EXPECT_EQ(c->Limites(), corredor->Limites());
+
+    auto *tr = dynamic_cast<TGISTrajeto *>(volta[5]);
+    ASSERT_TRUE(tr);
+    ASSERT_EQ(tr->Pontos().Count(), 3);
+    EXPECT_EQ(tr->ObterGISPosicao(2), trajeto->ObterGISPosicao(2));
+    EXPECT_TRUE(tr->ObterPonto(1)->Fixo());
+    EXPECT_EQ(tr->Limites(), trajeto->Limites());
+
+    auto *e = dynamic_cast<TGISElipse *>(volta[6]);
+    ASSERT_TRUE(e);
+    EXPECT_EQ(e->Posicao(), elipse->Posicao());
+    EXPECT_NEAR(e->RaioMaior(), 8, 1e-6);
+    EXPECT_NEAR(e->RaioMenorY(), 1.25, 1e-6);
+    EXPECT_NEAR(e->AzimuteInicial(), M_PI / 3, 1e-6);
+    EXPECT_EQ(e->Pincel(), elipse->Pincel());
+    auto *im = dynamic_cast<TGISImagem *>(volta[7]);
+    ASSERT_TRUE(im);
+    EXPECT_EQ(im->AreaImagem(), imagem->AreaImagem());
+    EXPECT_EQ(im->ObterCor(), clLime);
+    auto *co = dynamic_cast<TGISComposto *>(volta[8]);
+    ASSERT_TRUE(co);
+    ASSERT_EQ(co->Objetos().Count(), 2);
+    EXPECT_TRUE(dynamic_cast<TGISAreaCircular *>(co->Objetos()[1]));
+    EXPECT_TRUE(Valida(volta.Limites()));
+}
+
+TEST_F(IdaEVolta, ImagemComArquivoEModoDaTabela)
+{
+    const QString figura = Caminho(QStringLiteral("figura.png"));
+    QImage q(4, 3, QImage::Format_RGB32);
+    q.fill(Qt::red);
+    ASSERT_TRUE(q.save(figura));
+    USAR_TABELA_DE_SIMBOLOS = true;
+    TGISObjetoList ida;
+    auto *imagem = new TGISImagem;
+    imagem->LerArquivo(figura);
+    ida.Add(imagem);
+    auto *area = new TGISArea;
+    area->AtribuirIndiceCor(2);
+    area->AtribuirIndicePincel(5);
+    ida.Add(area);
+    TGISObjetoList volta;
+    Volta(ida, volta);
+    EXPECT_EQ(static_cast<TGISImagem *>(volta[0])->Imagem().size(), QSize(4, 3));
+    EXPECT_EQ(volta[1]->IndiceCor(), 2);
+    EXPECT_EQ(static_cast<TGISArea *>(volta[1])->IndicePincel(), 5);
+}

@@ -1,0 +1,105 @@
+// O tratador como o registro o usa: registro na carga, Reconhece, arquivo que falta, raiz aceita
+// sem distinguir maiúsculas, TAG_RAIZ trocado e leitura que acrescenta.
+
+#include "AjustesXML.h"
+
+#include "elements/GISPonto.h"
+#include "platform/Exception.h"
+
+#include <QBuffer>
+
+using namespace tavru;
+
+namespace {
+
+class Tratador : public teste::DocumentoXML
+{
+protected:
+    QString DoisPontos(const QString &raiz = QStringLiteral("CAMADA"))
+    {
+        return Documento(QStringLiteral("<Ponto Latitude=\"100\" Longitude=\"200\"/>\r\n<Ponto Latitude=\"-300\"/>"), raiz);
+    }
+};
+
+} // namespace
+
+TEST_F(Tratador, RegistradoNaCargaEReconheceTudo)
+{
+    const TClasseTratador *classe = nullptr;
+    ASSERT_TRUE(TGISObjetoList::ObterRefClassPeloTipo(QStringLiteral("XML"), classe));
+    EXPECT_EQ(classe, &TTratadorDeArquivosXML::Classe);
+    EXPECT_EQ(TGISObjetoList::ObterTipoPelaExtencao(QStringLiteral("XML"), false), QStringLiteral("XML"));
+    EXPECT_EQ(TGISObjetoList::ObterTipoPeloFiltro(QStringLiteral("Arquivos XML (*.xml)|*.xml"), true),
+              QStringLiteral("XML"));
+
+    TGISObjetoList lista;
+    const QString caminho = DoisPontos();
+    ASSERT_TRUE(lista.Ler(caminho, QStringLiteral("XML")));
+    EXPECT_EQ(lista.Count(), 2);
+    EXPECT_EQ(lista.NomeArquivo(), caminho);
+
+    // Reconhece aceita qualquer fluxo sem ler nada dele.
+    QByteArray binario("\x00\x01 nada de XML", 15);
+    QBuffer fluxo(&binario);
+    ASSERT_TRUE(fluxo.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(TTratadorDeArquivosXML(lista).Reconhece(fluxo));
+    EXPECT_EQ(fluxo.pos(), 0);
+    QBuffer fechado;
+    EXPECT_TRUE(TTratadorDeArquivosXML(lista).Reconhece(fechado));
+}
+
+TEST_F(Tratador, ArquivoQueNaoExiste)
+{
+    TGISObjetoList lista;
+    lista.AtribuirLimites(GISRet(1, 2, 3, 4));
+    for (const QString &nome : {Caminho(QStringLiteral("nenhum.xml")), Caminho(QString()), QString()}) {
+        try {
+            Ler(lista, nome);
+            FAIL() << nome.toStdString();
+        } catch (const EFilerError &e) {
+            EXPECT_EQ(e.Message(), QStringLiteral("O arquivo especificado não existe ou não está disponível!"));
+        }
+    }
+    EXPECT_EQ(lista.Limites(), GISRet(1, 2, 3, 4)); // nada mais acontece
+
+    // Arquivos que existem mas não são XML: o erro do leitor, com o nome do arquivo.
+    for (const QByteArray &bytes : {QByteArray(), QByteArray("\x89PNG\r\n\x1a\n", 8), QByteArray("<CAMADA><Ponto")}) {
+        const QString caminho = Caminho(QStringLiteral("ruim.xml"));
+        Escrever(caminho, bytes);
+        try {
+            Ler(lista, caminho);
+            FAIL() << bytes.toStdString();
+        } catch (const EFilerError &e) {
+            EXPECT_TRUE(e.Message().contains(caminho)) << e.what();
+        }
+    }
+    EXPECT_EQ(lista.Count(), 0);
+}
+
+TEST_F(Tratador, RaizELeituraQueAcrescenta)
+{
+    TGISObjetoList lista;
+    Ler(lista, DoisPontos(QStringLiteral("camada")));
+    ASSERT_EQ(lista.Count(), 2);
+    const TGISRet limites = Uniao(lista[0]->Area(), lista[1]->Area());
+    EXPECT_EQ(lista.Limites(), limites);
+    Ler(lista, DoisPontos()); // ler de novo dobra a lista
+    EXPECT_EQ(lista.Count(), 4);
+
+    // Outra raiz: nada lido, nada levantado, e os limites ainda recalculados.
+    lista.AtribuirLimites(GISRet(0, 0, 1, 1));
+    Ler(lista, DoisPontos(QStringLiteral("MAPA")));
+    EXPECT_EQ(lista.Count(), 4);
+    EXPECT_EQ(lista.Limites(), limites);
+
+    // Com TAG_RAIZ trocado, a raiz gravada é a nova e só ela é aceita.
+    TAG_RAIZ = QStringLiteral("Mapa");
+    const QString caminho = Caminho(QStringLiteral("mapa.xml"));
+    Gravar(lista, caminho);
+    EXPECT_TRUE(Bytes(caminho).contains("\r\n<Mapa>\r\n"));
+    TGISObjetoList lida;
+    Ler(lida, caminho);
+    EXPECT_EQ(lida.Count(), 4);
+    Ler(lida, DoisPontos());
+    EXPECT_EQ(lida.Count(), 4);
+}

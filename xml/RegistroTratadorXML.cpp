@@ -1,0 +1,15 @@
+// O registro do tratador XML pela vida da biblioteca: o objeto estático registra o tipo "XML" na
+// carga e o remove na descarga.
+
+#include "core/TRegistraTratador.h"
+#include "xml/TTratadorDeArquivosXML.h"
+
+namespace tavru {
+namespace {
+
+const TRegistraTratador RegistroXML(QStringLiteral("XML"), TTratadorDeArquivosXML::Classe,
+                                    QStringLiteral("Arquivos XML (*.xml)|*.xml"),
+                                    QStringLiteral("Arquivos XML (*.xml)|*.xml"));
+
+} // namespace
+} // namespace tavru

@@ -1,0 +1,395 @@
+// A leitura dos elementos do documento: de um nó do DOM para um objeto do mapa.
+
+#include "xml/TTratadorDeArquivosXML.h"
+
+#include "companions/geodesy/TextoGeodesico.h"
+#include "companions/symbology/InformacoesXML.h"
+#include "companions/symbology/Tagsxml.h"
+#include "core/TGISObjetoList.h"
+#include "core/TGISPosicaoListList.h"
+#include "elements/GISArea.h"
+#include "elements/GISAreaCircular.h"
+#include "elements/GISComposto.h"
+#include "elements/GISCorredor.h"
+#include "elements/GISElipse.h"
+#include "elements/GISImagem.h"
+#include "elements/GISLinha.h"
+#include "elements/GISPonto.h"
+#include "elements/GISPontosTrajeto.h"
+#include "elements/GISTexto.h"
+#include "elements/GISTrajeto.h"
+#include "platform/Exception.h"
+#include "xml/CodificacaoXML_p.h"
+#include "xml/ConfiguracaoXML.h"
+
+#include <QFileInfo>
+#include <cstring>
+#include <vector>
+
+namespace tavru {
+
+using namespace xmlp;
+
+namespace {
+
+// Compostos dentro de compostos: a leitura é recursiva, então a profundidade tem limite (um
+// documento de fora não derruba o programa pela pilha).
+constexpr int ProfundidadeMaxima = 200;
+thread_local int Profundidade = 0;
+
+struct TNivel
+{
+    TNivel()
+    {
+        if (Profundidade >= ProfundidadeMaxima)
+            throw EFilerError(QStringLiteral("Compostos aninhados em mais de %1 níveis: o documento não é lido além "
+                                             "daqui.")
+                                  .arg(ProfundidadeMaxima));
+        ++Profundidade;
+    }
+    ~TNivel() { --Profundidade; }
+    TNivel(const TNivel &) = delete;
+    TNivel &operator=(const TNivel &) = delete;
+};
+
+// O valor do atributo quando ele existe.
+bool Atributo(const pugi::xml_node &node, const char *nome, const char *&valor)
+{
+    const pugi::xml_attribute a = node.attribute(nome);
+    if (!a)
+        return false;
+    valor = a.value();
+    return true;
+}
+
+// `Latitude` e `Longitude` sobre uma posição: o componente que falta fica como estava.
+void LerPosicao(const pugi::xml_node &node, TGISPosicao &p)
+{
+    const char *v;
+    if (Atributo(node, "Latitude", v))
+        p.Latitude = LerLatitude(v);
+    if (Atributo(node, "Longitude", v))
+        p.Longitude = LerLongitude(v);
+}
+
+// A cor `nome` como cor de caneta (modo normal) ou código de cor do objeto (modo da tabela).
+void LerCorDaCaneta(const pugi::xml_node &node, TGISObjeto &objeto)
+{
+    const char *v;
+    if (!Atributo(node, "Cor", v))
+        return;
+    if (USAR_TABELA_DE_SIMBOLOS)
+        objeto.AtribuirIndiceCor(LerInteiro(v));
+    else
+        objeto.Caneta().Color = LerCorHexadecimal(v);
+}
+
+template <typename T>
+void LerPreenchimento(const pugi::xml_node &node, T &objeto)
+{
+    const char *v;
+    if (Atributo(node, "EstiloPreenchimento", v))
+        objeto.Pincel().Style = LerEstiloPincel(v);
+    if (Atributo(node, "CorPreenchimento", v)) {
+        if (USAR_TABELA_DE_SIMBOLOS)
+            objeto.AtribuirIndicePincel(LerInteiro(v));
+        else
+            objeto.Pincel().Color = LerCorHexadecimal(v);
+    }
+}
+
+void LerEstilo(const pugi::xml_node &node, TGISObjeto &objeto)
+{
+    const char *v;
+    if (Atributo(node, "Estilo", v))
+        objeto.Caneta().Style = LerEstiloCaneta(v);
+}
+
+std::uint8_t LerByte(const char *texto)
+{
+    const std::int32_t v = LerInteiro(texto);
+    if (v < 0 || v > 255)
+        throw EConvertError(QStringLiteral("\"%1\" não é um valor de 0 a 255").arg(Texto(texto)));
+    return static_cast<std::uint8_t>(v);
+}
+
+void LerInformacoes(const pugi::xml_node &node, TInformacoes &informacoes)
+{
+    AtribuirListaXML(node, _INFORMACOES_, _INFORMACAO_, true, informacoes, _VALOR_, _ROTULO_);
+}
+
+} // namespace
+
+const TClasseObjeto *ObterRefClassObjetoGis(const pugi::xml_node &node)
+{
+    struct TEntrada
+    {
+        const char *Nome;
+        const TClasseObjeto *Classe;
+    };
+    static const TEntrada tabela[] = {
+        {"Imagem", &TGISImagem::Descritor},   {"Ponto", &TGISPonto::Descritor},
+        {"Area", &TGISArea::Descritor},       {"Trajeto", &TGISTrajeto::Descritor},
+        {"Linha", &TGISLinha::Descritor},     {"Corredor", &TGISCorredor::Descritor},
+        {"AreaCircular", &TGISAreaCircular::Descritor}, {"Elipse", &TGISElipse::Descritor},
+        {"Texto", &TGISTexto::Descritor},     {"Composto", &TGISComposto::Descritor},
+    };
+    if (node.type() != pugi::node_element)
+        return nullptr;
+    const char *nome = node.name();
+    for (const TEntrada &e : tabela)
+        if (std::strcmp(nome, e.Nome) == 0)
+            return e.Classe;
+    return nullptr;
+}
+
+std::unique_ptr<TGISObjeto> TTratadorDeArquivosXML::ObterXMLObjeto(const pugi::xml_node &node)
+{
+    const TClasseObjeto *classe = ObterRefClassObjetoGis(node);
+    if (!classe)
+        return nullptr;
+    std::unique_ptr<TGISObjeto> objeto = classe->Criar();
+    TGISObjeto *o = objeto.get();
+    if (auto *imagem = dynamic_cast<TGISImagem *>(o))
+        AtribuirXMLImagem(*imagem, node);
+    else if (auto *ponto = dynamic_cast<TGISPonto *>(o))
+        AtribuirXMLPonto(*ponto, node);
+    else if (auto *elipse = dynamic_cast<TGISElipse *>(o))
+        AtribuirXMLElipse(*elipse, node);
+    else if (auto *circular = dynamic_cast<TGISAreaCircular *>(o))
+        AtribuirXMLAreaCircular(*circular, node);
+    else if (auto *area = dynamic_cast<TGISArea *>(o))
+        AtribuirXMLArea(*area, node);
+    else if (auto *corredor = dynamic_cast<TGISCorredor *>(o))
+        AtribuirXMLCorredor(*corredor, node);
+    else if (auto *trajeto = dynamic_cast<TGISTrajeto *>(o))
+        AtribuirXMLTrajeto(*trajeto, node);
+    else if (auto *linha = dynamic_cast<TGISLinha *>(o))
+        AtribuirXMLLinha(*linha, node);
+    else if (auto *texto = dynamic_cast<TGISTexto *>(o))
+        AtribuirXMLTexto(*texto, node);
+    else if (auto *composto = dynamic_cast<TGISComposto *>(o))
+        AtribuirXMLComposto(*composto, node);
+    LerInformacoes(node, o->Informacoes());
+    return objeto;
+}
+
+void TTratadorDeArquivosXML::AtribuirXMLLista(TGISObjetoList &lista, const pugi::xml_node &node)
+{
+    for (pugi::xml_node filho = node.first_child(); filho; filho = filho.next_sibling())
+        if (std::unique_ptr<TGISObjeto> objeto = ObterXMLObjeto(filho))
+            lista.Add(objeto.release());
+}
+
+void TTratadorDeArquivosXML::AtribuirXMLImagem(TGISImagem &imagem, const pugi::xml_node &node)
+{
+    const char *v;
+    if (Atributo(node, "Arquivo", v)) {
+        // Só um arquivo comum: um dispositivo ("/dev/zero") não é figura e não deve ser lido.
+        const QString arquivo = Texto(v);
+        if (QFileInfo(arquivo).isFile())
+            imagem.LerArquivo(arquivo);
+    }
+    TGISRet r = imagem.AreaImagem();
+    if (Atributo(node, "LatMin", v))
+        r.Pos1.Latitude = LerGrau(v);
+    if (Atributo(node, "LongMin", v))
+        r.Pos1.Longitude = LerGrau(v);
+    if (Atributo(node, "LatMax", v))
+        r.Pos2.Latitude = LerGrau(v);
+    if (Atributo(node, "LongMax", v))
+        r.Pos2.Longitude = LerGrau(v);
+    imagem.AtribuirArea(r);
+    if (Atributo(node, "CorTransparente", v))
+        imagem.AtribuirCor(LerCorHexadecimal(v));
+}
+
+void TTratadorDeArquivosXML::AtribuirXMLPonto(TGISPonto &ponto, const pugi::xml_node &node)
+{
+    TGISPosicao p = ponto.Posicao();
+    LerPosicao(node, p);
+    ponto.AtribuirPosicao(p);
+
+    const char *v;
+    if (Atributo(node, "Símbolo", v))
+        ponto.AtribuirSimbolo(LerInteiro(v));
+
+    TPoint maximo{8, 8};
+    TPoint minimo{2, 2};
+    if (Atributo(node, "TamanhoMaximoNaTelaX", v))
+        maximo.X = LerInteiro(v);
+    if (Atributo(node, "TamanhoMaximoNaTelaY", v))
+        maximo.Y = LerInteiro(v);
+    if (Atributo(node, "TamanhoMinimoNaTelaX", v))
+        minimo.X = LerInteiro(v);
+    if (Atributo(node, "TamanhoMinimoNaTelaY", v))
+        minimo.Y = LerInteiro(v);
+    ponto.AtribuirTamanhoMaximo(maximo);
+    ponto.AtribuirTamanhoMinimo(minimo);
+
+    TGISPosicao mundo{1000, 1000};
+    if (Atributo(node, "TamanhoNoMundoLatitude", v))
+        mundo.Latitude = LerTamanhoNoMundo(v);
+    if (Atributo(node, "TamanhoNoMundoLongitude", v))
+        mundo.Longitude = LerTamanhoNoMundo(v);
+    ponto.AtribuirTamanhoNoMundo(mundo);
+
+    if (Atributo(node, "Cor", v)) {
+        if (USAR_TABELA_DE_SIMBOLOS)
+            ponto.AtribuirIndiceCor(LerInteiro(v));
+        else
+            ponto.AtribuirCor(LerCorHexadecimal(v));
+    }
+}
+
+void TTratadorDeArquivosXML::AtribuirXMLTexto(TGISTexto &texto, const pugi::xml_node &node)
+{
+    const char *v;
+    if (Atributo(node, "Fonte", v))
+        texto.Fonte().Name = Texto(v);
+    if (Atributo(node, "AlinhamentoVertical", v))
+        texto.AtribuirAlinhamentoVertical(LerByte(v));
+    if (Atributo(node, "AlinhamentoHorizontal", v))
+        texto.AtribuirAlinhamentoHorizontal(LerByte(v));
+    if (Atributo(node, "Texto", v))
+        texto.AtribuirTexto(Texto(v));
+    if (Atributo(node, "FonteTamanho", v))
+        texto.Fonte().SetSize(LerInteiro(v));
+}
+
+void TTratadorDeArquivosXML::AtribuirXMLLinha(TGISLinha &linha, const pugi::xml_node &node)
+{
+    LerEstilo(node, linha);
+    LerCorDaCaneta(node, linha);
+    if (const pugi::xml_node pontos = node.child("Pontos"))
+        AtribuirXMLPontos(linha.Pontos(), pontos);
+    linha.CalcularLimites();
+}
+
+void TTratadorDeArquivosXML::AtribuirXMLArea(TGISArea &area, const pugi::xml_node &node)
+{
+    LerPreenchimento(node, area);
+    AtribuirXMLLinha(area, node);
+}
+
+void TTratadorDeArquivosXML::AtribuirXMLCorredor(TGISCorredor &corredor, const pugi::xml_node &node)
+{
+    const char *v;
+    if (Atributo(node, "Esq", v))
+        corredor.AtribuirEsq(StrToDistancia(Texto(v)));
+    if (Atributo(node, "Dir", v))
+        corredor.AtribuirDir(StrToDistancia(Texto(v)));
+    AtribuirXMLLinha(corredor, node);
+}
+
+void TTratadorDeArquivosXML::AtribuirXMLTrajeto(TGISTrajeto &trajeto, const pugi::xml_node &node)
+{
+    LerEstilo(node, trajeto);
+    LerCorDaCaneta(node, trajeto);
+    if (const pugi::xml_node pontos = node.child("Pontos"))
+        AtribuirXMLPontosTrajeto(trajeto.Pontos(), pontos);
+    trajeto.CalcularLimites();
+}
+
+void TTratadorDeArquivosXML::AtribuirXMLAreaCircular(TGISAreaCircular &area, const pugi::xml_node &node)
+{
+    TGISPosicao centro = area.Posicao();
+    LerPosicao(node, centro);
+    area.AtribuirPosicao(centro);
+
+    const char *v;
+    if (Atributo(node, "RaioMaior", v))
+        area.AtribuirRaioMaior(StrToDistancia(Texto(v)));
+    if (Atributo(node, "RaioMenor", v))
+        area.AtribuirRaioMenor(StrToDistancia(Texto(v)));
+    if (Atributo(node, "AzimuteInicial", v))
+        area.AtribuirAzimuteInicial(StrToAngulo(Texto(v)));
+    if (Atributo(node, "AzimuteFinal", v))
+        area.AtribuirAzimuteFinal(StrToAngulo(Texto(v)));
+    LerPreenchimento(node, area);
+    LerEstilo(node, area);
+    LerCorDaCaneta(node, area);
+}
+
+void TTratadorDeArquivosXML::AtribuirXMLElipse(TGISElipse &elipse, const pugi::xml_node &node)
+{
+    AtribuirXMLAreaCircular(elipse, node);
+    const char *v;
+    if (Atributo(node, "RaioMaiorY", v))
+        elipse.AtribuirRaioMaiorY(StrToDistancia(Texto(v)));
+    if (Atributo(node, "RaioMenorY", v))
+        elipse.AtribuirRaioMenorY(StrToDistancia(Texto(v)));
+}
+
+void TTratadorDeArquivosXML::AtribuirXMLComposto(TGISComposto &composto, const pugi::xml_node &node)
+{
+    const TNivel nivel;
+    AtribuirXMLLista(composto.Objetos(), node);
+}
+
+void TTratadorDeArquivosXML::AtribuirXMLPontos(TGISPosicaoListList &partes, const pugi::xml_node &node)
+{
+    // Os vértices da parte corrente se juntam num vetor e vão para a parte de uma vez, com a
+    // memória exata (sem a folga do crescimento).
+    TGISPosicaoList *parte = nullptr;
+    std::vector<TGISPosicao> vertices;
+    const auto fecharParte = [&]() {
+        if (!parte)
+            return;
+        parte->Redimensionar(static_cast<int>(vertices.size()));
+        std::copy(vertices.begin(), vertices.end(), parte->Dados());
+        vertices.clear();
+    };
+
+    TGISPosicao posicao{0, 0};
+    try {
+        int indice = 0;
+        for (pugi::xml_node filho = node.first_child(); filho; filho = filho.next_sibling(), ++indice) {
+            const pugi::xml_attribute latitude = filho.attribute("Latitude");
+            const pugi::xml_attribute longitude = filho.attribute("Longitude");
+            if (!latitude && !longitude)
+                continue;
+            bool nova = indice == 0 || !parte;
+            if (!nova) {
+                const pugi::xml_attribute tipo = filho.attribute("Tipo");
+                nova = tipo && std::strcmp(tipo.value(), "Inicio") == 0;
+            }
+            if (nova) {
+                fecharParte();
+                parte = new TGISPosicaoList;
+                partes.Add(parte);
+            }
+            if (latitude)
+                posicao.Latitude = LerLatitude(latitude.value());
+            if (longitude)
+                posicao.Longitude = LerLongitude(longitude.value());
+            vertices.push_back(posicao);
+        }
+    } catch (...) {
+        fecharParte();
+        throw;
+    }
+    fecharParte();
+}
+
+void TTratadorDeArquivosXML::AtribuirXMLPontosTrajeto(TGISPontosTrajeto &pontos, const pugi::xml_node &node)
+{
+    for (pugi::xml_node filho = node.first_child(); filho; filho = filho.next_sibling()) {
+        const pugi::xml_attribute latitude = filho.attribute("Latitude");
+        const pugi::xml_attribute longitude = filho.attribute("Longitude");
+        if (!latitude || !longitude)
+            continue;
+        auto ponto = std::make_unique<TGISPontoTrajeto>();
+        ponto->AtribuirPosicao(GISPosicao(LerLatitude(latitude.value()), LerLongitude(longitude.value())));
+        LerInformacoes(filho, ponto->Informacoes());
+        const TInformacoes &informacoes = ponto->Informacoes();
+        if (informacoes.ObterIndiceCampo(QStringLiteral("Identificador")) >= 0) {
+            const int objeto = informacoes.ObterIndiceCampo(QStringLiteral("Objeto Acompanhado"));
+            ponto->AtribuirFixo(true);
+            ponto->AtribuirRotulo(objeto >= 0 ? informacoes.ObterValorCampo(objeto) : QStringLiteral("Ponto Fixo"));
+        }
+        pontos.Add(ponto.release());
+    }
+}
+
+} // namespace tavru
