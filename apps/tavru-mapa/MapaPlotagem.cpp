@@ -43,8 +43,13 @@ void MontarSatelite(TGis &gis)
 
 void MontarPlotagem(TGis &gis)
 {
-    auto *camada = new TGISCamada(QStringLiteral("Plotagem"));
-    camada->AtribuirTipo(gtcEditavel);
+    // Junta-se à camada "Plotagem" do mapa de exemplo, se houver.
+    TGISCamada *camada = gis.ObterCamada(QStringLiteral("Plotagem"));
+    if (!camada) {
+        camada = new TGISCamada(QStringLiteral("Plotagem"));
+        camada->AtribuirTipo(gtcEditavel);
+        gis.Camadas().Add(camada);
+    }
 
     auto *setor = new TGISAreaCircular;
     setor->AtribuirPosicao(Graus(-22, -64));
@@ -114,7 +119,6 @@ void MontarPlotagem(TGis &gis)
         Nomear(*meio, QString::fromUtf8(nomes[i]), QStringLiteral("Meio acompanhado"));
         camada->Objetos().Add(meio);
     }
-    gis.Camadas().Add(camada);
 }
 
 } // namespace tavru

@@ -1,11 +1,17 @@
 #include "TJanelaMapa.h"
 
+#include "ArquivosDoMapa.h"
 #include "MapaEmbutido.h"
 
 #include "companions/components/TVisualizadorInformacoes.h"
 #include "companions/geodesy/TextoGeodesico.h"
 #include "control/TGISBarraDeManipulacao.h"
 #include "control/TGis.h"
+#include "core/TGISCamada.h"
+#include "core/TGISCamadaList.h"
+#include "core/TGISObjetoList.h"
+#include "platform/Exception.h"
+#include "platform/TProvedorDeDialogos.h"
 
 #include <QDockWidget>
 #include <QLabel>
@@ -37,7 +43,10 @@ TJanelaMapa::TJanelaMapa(QWidget *parent)
     FGis->AtribuirVisualizadorInformacoes(FVisualizador);
 
     auto *arquivo = menuBar()->addMenu(QStringLiteral("&Arquivo"));
-    arquivo->addAction(QStringLiteral("&Sair"), this, &QWidget::close);
+    arquivo->addAction(QStringLiteral("&Abrir camada..."), QKeySequence::Open, this, &TJanelaMapa::AbrirCamada);
+    arquivo->addAction(QStringLiteral("&Salvar camada..."), QKeySequence::Save, this, &TJanelaMapa::SalvarCamada);
+    arquivo->addSeparator();
+    arquivo->addAction(QStringLiteral("Sai&r"), this, &QWidget::close);
     auto *exibir = menuBar()->addMenu(QStringLiteral("&Exibir"));
     exibir->addAction(QStringLiteral("&Ajustar a Janela"), FGis, [this] { FGis->FitToWindow(); });
     exibir->addAction(doca->toggleViewAction());
@@ -55,13 +64,60 @@ void TJanelaMapa::showEvent(QShowEvent *evento)
     QMainWindow::showEvent(evento);
     if (!FAjustado) {
         FAjustado = true;
-        FGis->FitToWindow();
+        AjustarVistaInicial(*FGis);
     }
 }
 
 TJanelaMapa::~TJanelaMapa()
 {
     FGis->RemoverRegistroMouseEvent(this);
+}
+
+void TJanelaMapa::AbrirArquivos(const QStringList &arquivos)
+{
+    for (const QString &arquivo : arquivos) {
+        try {
+            AbrirEmCamadaNova(*FGis, arquivo);
+        } catch (const Exception &e) {
+            Dialogos().Mensagem(e.Message(), QStringLiteral("Abrir camada"), mtErro);
+        }
+    }
+}
+
+void TJanelaMapa::AbrirCamada()
+{
+    const QString filtro = TGISObjetoList::ObterFiltroCompletoDeLeitura();
+    QString nome;
+    int indice = 1;
+    if (!Dialogos().AbrirArquivo(QStringLiteral("Abrir camada"), filtro, nome, indice))
+        return;
+    try {
+        AbrirEmCamadaNova(*FGis, nome, TipoDoArquivo(nome, TProvedorDeDialogos::ParDoFiltro(filtro, indice), true));
+    } catch (const Exception &e) {
+        Dialogos().Mensagem(e.Message(), QStringLiteral("Abrir camada"), mtErro);
+    }
+}
+
+void TJanelaMapa::SalvarCamada()
+{
+    TGISCamadaList &camadas = FGis->Camadas();
+    TGISCamada *camada = FGis->ObjetoSelecionado() ? camadas.ObterCamadaPeloObjeto(FGis->ObjetoSelecionado()) : nullptr;
+    if (!camada && camadas.Count() > 0)
+        camada = camadas.Last();
+    if (!camada)
+        return;
+    const QString filtro = TGISObjetoList::ObterFiltroCompletoDeEscrita();
+    const QString titulo = QStringLiteral("Salvar a camada %1").arg(camada->Nome());
+    QString nome = camada->Objetos().NomeArquivo();
+    int indice = 1;
+    if (!Dialogos().SalvarArquivo(titulo, filtro, nome, indice))
+        return;
+    try {
+        GravarCamada(*camada, nome, TipoDoArquivo(nome, TProvedorDeDialogos::ParDoFiltro(filtro, indice), false));
+        statusBar()->showMessage(QStringLiteral("Camada %1 gravada em %2").arg(camada->Nome(), nome), 5000);
+    } catch (const Exception &e) {
+        Dialogos().Mensagem(e.Message(), titulo, mtErro);
+    }
 }
 
 void TJanelaMapa::GISMouseClick(const TPoint &ponto)

@@ -1,11 +1,13 @@
 // tavru-mapa: o aplicativo de demonstração. Com tela, abre a janela do mapa; sem tela (nem
-// DISPLAY nem WAYLAND_DISPLAY), ou com "--png ARQUIVO", desenha o mapa embutido num PNG e
-// imprime o caminho dele.
+// DISPLAY nem WAYLAND_DISPLAY), ou com "--png ARQUIVO", desenha o mapa num PNG e imprime o caminho
+// dele. Os arquivos dados na linha de comando abrem em camadas novas por cima do mapa de exemplo.
 
+#include "ArquivosDoMapa.h"
 #include "MapaEmbutido.h"
 #include "TJanelaMapa.h"
 
 #include "control/TGis.h"
+#include "platform/Exception.h"
 
 #include <QApplication>
 #include <QDir>
@@ -42,20 +44,29 @@ private:
     bool FAvisado = false;
 };
 
-int DesenharEmPng(const QString &arquivo)
+int DesenharEmPng(const QString &arquivo, const QStringList &documentos)
 {
     TGis gis;
     gis.resize(1000, 760);
     MontarMapaEmbutido(gis);
     gis.Zerado();
-    gis.FitToWindow();
+    int resultado = 0;
+    for (const QString &documento : documentos) {
+        try {
+            AbrirEmCamadaNova(gis, documento);
+        } catch (const Exception &e) {
+            std::fprintf(stderr, "%s: %s\n", qPrintable(documento), qPrintable(e.Message()));
+            resultado = 1;
+        }
+    }
+    AjustarVistaInicial(gis);
     const QString caminho = QFileInfo(arquivo).absoluteFilePath();
     if (!gis.Buffer().save(caminho, "PNG")) {
         std::fprintf(stderr, "Não foi possível gravar %s\n", qPrintable(caminho));
         return 1;
     }
     std::printf("%s\n", qPrintable(caminho));
-    return 0;
+    return resultado;
 }
 
 } // namespace
@@ -63,15 +74,20 @@ int DesenharEmPng(const QString &arquivo)
 int main(int argc, char **argv)
 {
     QString arquivoPng;
+    QStringList documentos;
     for (int i = 1; i < argc; ++i) {
         const QString arg = QString::fromLocal8Bit(argv[i]);
         if (arg == QLatin1String("--png") && i + 1 < argc) {
             arquivoPng = QString::fromLocal8Bit(argv[++i]);
         } else if (arg == QLatin1String("--help") || arg == QLatin1String("-h")) {
-            std::printf("Uso: tavru-mapa [--png ARQUIVO]\n"
-                        "  Abre o mapa de demonstração numa janela. Sem tela, ou com --png, desenha o\n"
-                        "  mapa num PNG (padrão: tavru-mapa.png na pasta temporária) e imprime o caminho.\n");
+            std::printf("Uso: tavru-mapa [--png ARQUIVO] [DOCUMENTO...]\n"
+                        "  Abre o mapa de demonstração numa janela, com cada DOCUMENTO numa camada nova.\n"
+                        "  Sem tela, ou com --png, desenha o mapa num PNG (padrão: tavru-mapa.png na\n"
+                        "  pasta temporária) e imprime o caminho; erros de leitura vão para a saída de\n"
+                        "  erros e o código de saída é 1.\n");
             return 0;
+        } else {
+            documentos << arg;
         }
     }
     const bool semTela = qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
@@ -82,12 +98,14 @@ int main(int argc, char **argv)
     QApplication::setApplicationName(QStringLiteral("tavru-mapa"));
     if (semTela || !arquivoPng.isEmpty())
         return DesenharEmPng(arquivoPng.isEmpty() ? QDir::temp().filePath(QStringLiteral("tavru-mapa.png"))
-                                                  : arquivoPng);
+                                                  : arquivoPng,
+                             documentos);
 
     TJanelaMapa janela;
     TAvisoDePintura aviso;
     janela.Gis()->installEventFilter(&aviso);
     janela.resize(1100, 760);
     janela.show();
+    janela.AbrirArquivos(documentos);
     return app.exec();
 }

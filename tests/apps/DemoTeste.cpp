@@ -45,9 +45,9 @@ QImage LerXwd(const QByteArray &d)
 
 const QString Aplicativo = QStringLiteral(TAVRU_MAPA);
 
-// Cores do mapa embutido: o mar (fundo do mapa) e o preenchimento do continente.
+// Cores do mapa embutido: o mar (fundo do mapa) e o preenchimento do Brasil no mapa de exemplo.
 const QRgb CorDoMar = qRgb(170, 205, 235);
-const QRgb CorDoContinente = qRgb(238, 230, 205);
+const QRgb CorDoContinente = qRgb(250, 243, 220);
 
 struct TContagem
 {
@@ -139,6 +139,53 @@ TEST(TavruMapa, SemTelaGravaOMapaNumPng)
     EXPECT_EQ(processo.exitCode(), 0);
     EXPECT_EQ(QString::fromLocal8Bit(processo.readAllStandardOutput()).trimmed(), pedido);
     EXPECT_EQ(QImage(pedido), mapa);
+}
+
+TEST(TavruMapa, DocumentosDaLinhaDeComandoAbremEmCamadasNovas)
+{
+    QTemporaryDir pasta;
+    ASSERT_TRUE(pasta.isValid());
+    // Um quadrado vermelho sólido no meio do Brasil.
+    const QString documento = pasta.filePath(QStringLiteral("quadrado.xml"));
+    QFile arquivo(documento);
+    ASSERT_TRUE(arquivo.open(QIODevice::WriteOnly));
+    arquivo.write("<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>\r\n<CAMADA>\r\n"
+                  "<Area Estilo=\"0\" Cor=\"0000FF\" EstiloPreenchimento=\"0\" CorPreenchimento=\"0000FF\">\r\n<Pontos>\r\n"
+                  "<Ponto Tipo=\"Inicio\" Latitude=\"-36000\" Longitude=\"-198000\"/>\r\n"
+                  "<Ponto Latitude=\"-36000\" Longitude=\"-162000\"/>\r\n"
+                  "<Ponto Latitude=\"-72000\" Longitude=\"-162000\"/>\r\n"
+                  "<Ponto Latitude=\"-72000\" Longitude=\"-198000\"/>\r\n"
+                  "</Pontos>\r\n</Area>\r\n</CAMADA>\r\n");
+    arquivo.close();
+    auto vermelhos = [](const QImage &imagem) {
+        int n = 0;
+        for (int y = 0; y < imagem.height(); ++y)
+            for (int x = 0; x < imagem.width(); ++x)
+                n += (imagem.pixel(x, y) | 0xFF000000u) == qRgb(255, 0, 0);
+        return n;
+    };
+
+    QProcess processo;
+    processo.setProcessEnvironment(AmbienteSemTela());
+    const QString comDocumento = pasta.filePath(QStringLiteral("com.png"));
+    processo.start(Aplicativo, {QStringLiteral("--png"), comDocumento, documento});
+    ASSERT_TRUE(processo.waitForFinished(60000));
+    EXPECT_EQ(processo.exitCode(), 0) << processo.readAllStandardError().toStdString();
+    EXPECT_GT(vermelhos(QImage(comDocumento)), 3000);
+
+    // Um documento que não existe: a mensagem do tratador, e o mapa como estava.
+    const QString semDocumento = pasta.filePath(QStringLiteral("sem.png"));
+    processo.start(Aplicativo, {QStringLiteral("--png"), semDocumento, pasta.filePath(QStringLiteral("nao-existe.xml"))});
+    ASSERT_TRUE(processo.waitForFinished(60000));
+    EXPECT_EQ(processo.exitCode(), 1);
+    EXPECT_TRUE(QString::fromUtf8(processo.readAllStandardError())
+                    .contains(QStringLiteral("O arquivo especificado não existe ou não está disponível!")));
+    const QString simples = pasta.filePath(QStringLiteral("simples.png"));
+    processo.start(Aplicativo, {QStringLiteral("--png"), simples});
+    ASSERT_TRUE(processo.waitForFinished(60000));
+    const QImage sem(semDocumento);
+    ASSERT_FALSE(sem.isNull());
+    EXPECT_EQ(sem, QImage(simples));
 }
 
 TEST(TavruMapa, JanelaNumXDeVerdadeMostraOMapa)
