@@ -45,7 +45,8 @@ QImage LerXwd(const QByteArray &d)
 
 const QString Aplicativo = QStringLiteral(TAVRU_MAPA);
 
-// Cores do mapa embutido: o mar (fundo do mapa) e o preenchimento do Brasil no mapa de exemplo.
+// Cores do mapa embutido: o mar (fundo do mapa) e o preenchimento do Brasil no mapa de exemplo;
+// e o vermelho do documento aberto pela linha de comando.
 const QRgb CorDoMar = qRgb(170, 205, 235);
 const QRgb CorDoContinente = qRgb(250, 243, 220);
 
@@ -54,6 +55,7 @@ struct TContagem
     int Distintas = 0;
     int Mar = 0;
     int Continente = 0;
+    int Vermelho = 0;
 };
 
 TContagem Contar(const QImage &imagem, const QRect &regiao)
@@ -66,6 +68,7 @@ TContagem Contar(const QImage &imagem, const QRect &regiao)
             cores.insert(p);
             c.Mar += p == CorDoMar;
             c.Continente += p == CorDoContinente;
+            c.Vermelho += p == qRgb(255, 0, 0);
         }
     c.Distintas = int(cores.size());
     return c;
@@ -74,10 +77,16 @@ TContagem Contar(const QImage &imagem, const QRect &regiao)
 QProcessEnvironment AmbienteSemTela()
 {
     QProcessEnvironment ambiente = QProcessEnvironment::systemEnvironment();
-    ambiente.remove(QStringLiteral("DISPLAY"));
-    ambiente.remove(QStringLiteral("WAYLAND_DISPLAY"));
-    ambiente.remove(QStringLiteral("QT_QPA_PLATFORM"));
+    for (const char *variavel : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+        ambiente.remove(QString::fromLatin1(variavel));
     return ambiente;
+}
+
+/// Roda o aplicativo sem tela até o fim; devolve o código de saída (-1 se não terminou).
+int Rodar(QProcess &processo, const QStringList &argumentos)
+{
+    processo.start(Aplicativo, argumentos);
+    return processo.waitForFinished(60000) ? processo.exitCode() : -1;
 }
 
 /// Espera uma linha na saída do processo, até `ms` milissegundos.
@@ -109,21 +118,17 @@ void Encerrar(QProcess &processo)
 
 } // namespace
 
-TEST(TavruMapa, SemTelaGravaOMapaNumPng)
+TEST(TavruMapa, SemTelaGravaOMapaNumPngComOsDocumentosDaLinhaDeComando)
 {
     QTemporaryDir pasta;
     ASSERT_TRUE(pasta.isValid());
     QProcessEnvironment ambiente = AmbienteSemTela();
-    ambiente.insert(QStringLiteral("TMPDIR"), pasta.path());
-
+    ambiente.insert("TMPDIR", pasta.path());
     QProcess processo;
     processo.setProcessEnvironment(ambiente);
-    processo.start(Aplicativo, {});
-    ASSERT_TRUE(processo.waitForFinished(60000));
-    ASSERT_EQ(processo.exitCode(), 0) << processo.readAllStandardError().toStdString();
+    ASSERT_EQ(Rodar(processo, {}), 0) << processo.readAllStandardError().toStdString();
     const QString caminho = QString::fromLocal8Bit(processo.readAllStandardOutput()).trimmed();
-    EXPECT_EQ(caminho, pasta.filePath(QStringLiteral("tavru-mapa.png")));
-
+    EXPECT_EQ(caminho, pasta.filePath("tavru-mapa.png"));
     const QImage mapa(caminho);
     ASSERT_FALSE(mapa.isNull());
     EXPECT_EQ(mapa.size(), QSize(1000, 760));
@@ -133,20 +138,13 @@ TEST(TavruMapa, SemTelaGravaOMapaNumPng)
     EXPECT_GT(c.Continente, 1000);
 
     // Com --png, o arquivo pedido.
-    const QString pedido = pasta.filePath(QStringLiteral("outro.png"));
-    processo.start(Aplicativo, {QStringLiteral("--png"), pedido});
-    ASSERT_TRUE(processo.waitForFinished(60000));
-    EXPECT_EQ(processo.exitCode(), 0);
+    const QString pedido = pasta.filePath("outro.png");
+    EXPECT_EQ(Rodar(processo, {"--png", pedido}), 0);
     EXPECT_EQ(QString::fromLocal8Bit(processo.readAllStandardOutput()).trimmed(), pedido);
     EXPECT_EQ(QImage(pedido), mapa);
-}
 
-TEST(TavruMapa, DocumentosDaLinhaDeComandoAbremEmCamadasNovas)
-{
-    QTemporaryDir pasta;
-    ASSERT_TRUE(pasta.isValid());
-    // Um quadrado vermelho sólido no meio do Brasil.
-    const QString documento = pasta.filePath(QStringLiteral("quadrado.xml"));
+    // Um documento da linha de comando abre numa camada nova: um quadrado vermelho no meio do Brasil.
+    const QString documento = pasta.filePath("quadrado.xml");
     QFile arquivo(documento);
     ASSERT_TRUE(arquivo.open(QIODevice::WriteOnly));
     arquivo.write("<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>\r\n<CAMADA>\r\n"
@@ -157,35 +155,17 @@ TEST(TavruMapa, DocumentosDaLinhaDeComandoAbremEmCamadasNovas)
                   "<Ponto Latitude=\"-72000\" Longitude=\"-198000\"/>\r\n"
                   "</Pontos>\r\n</Area>\r\n</CAMADA>\r\n");
     arquivo.close();
-    auto vermelhos = [](const QImage &imagem) {
-        int n = 0;
-        for (int y = 0; y < imagem.height(); ++y)
-            for (int x = 0; x < imagem.width(); ++x)
-                n += (imagem.pixel(x, y) | 0xFF000000u) == qRgb(255, 0, 0);
-        return n;
-    };
+    const QString comDocumento = pasta.filePath("com.png");
+    EXPECT_EQ(Rodar(processo, {"--png", comDocumento, documento}), 0) << processo.readAllStandardError().toStdString();
+    const QImage com(comDocumento);
+    EXPECT_GT(Contar(com, com.rect()).Vermelho, 3000);
 
-    QProcess processo;
-    processo.setProcessEnvironment(AmbienteSemTela());
-    const QString comDocumento = pasta.filePath(QStringLiteral("com.png"));
-    processo.start(Aplicativo, {QStringLiteral("--png"), comDocumento, documento});
-    ASSERT_TRUE(processo.waitForFinished(60000));
-    EXPECT_EQ(processo.exitCode(), 0) << processo.readAllStandardError().toStdString();
-    EXPECT_GT(vermelhos(QImage(comDocumento)), 3000);
-
-    // Um documento que não existe: a mensagem do tratador, e o mapa como estava.
-    const QString semDocumento = pasta.filePath(QStringLiteral("sem.png"));
-    processo.start(Aplicativo, {QStringLiteral("--png"), semDocumento, pasta.filePath(QStringLiteral("nao-existe.xml"))});
-    ASSERT_TRUE(processo.waitForFinished(60000));
-    EXPECT_EQ(processo.exitCode(), 1);
+    // Um documento que não existe: a mensagem do tratador, saída 1, e o mapa como estava.
+    const QString semDocumento = pasta.filePath("sem.png");
+    EXPECT_EQ(Rodar(processo, {"--png", semDocumento, pasta.filePath("nao-existe.xml")}), 1);
     EXPECT_TRUE(QString::fromUtf8(processo.readAllStandardError())
-                    .contains(QStringLiteral("O arquivo especificado não existe ou não está disponível!")));
-    const QString simples = pasta.filePath(QStringLiteral("simples.png"));
-    processo.start(Aplicativo, {QStringLiteral("--png"), simples});
-    ASSERT_TRUE(processo.waitForFinished(60000));
-    const QImage sem(semDocumento);
-    ASSERT_FALSE(sem.isNull());
-    EXPECT_EQ(sem, QImage(simples));
+                    .contains("O arquivo especificado não existe ou não está disponível!"));
+    EXPECT_EQ(QImage(semDocumento), mapa);
 }
 
 TEST(TavruMapa, JanelaNumXDeVerdadeMostraOMapa)
@@ -197,9 +177,7 @@ TEST(TavruMapa, JanelaNumXDeVerdadeMostraOMapa)
 
     // O Xvfb escolhe um número de tela livre e o escreve na saída (-displayfd 1).
     QProcess servidor;
-    servidor.start(xvfb, {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"),
-                          QStringLiteral("0"), QStringLiteral("1280x900x24"), QStringLiteral("-nolisten"),
-                          QStringLiteral("tcp")});
+    servidor.start(xvfb, {"-displayfd", "1", "-screen", "0", "1280x900x24", "-nolisten", "tcp"});
     ASSERT_TRUE(servidor.waitForStarted(10000));
     const QString numero = EsperarLinha(servidor, 20000);
     if (numero.isEmpty()) {
@@ -209,8 +187,8 @@ TEST(TavruMapa, JanelaNumXDeVerdadeMostraOMapa)
     const QString tela = QStringLiteral(":") + numero;
 
     QProcessEnvironment ambiente = AmbienteSemTela();
-    ambiente.insert(QStringLiteral("DISPLAY"), tela);
-    ambiente.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
+    ambiente.insert("DISPLAY", tela);
+    ambiente.insert("QT_QPA_PLATFORM", "xcb");
     QProcess aplicativo;
     aplicativo.setProcessEnvironment(ambiente);
     aplicativo.start(Aplicativo, {});
@@ -222,13 +200,12 @@ TEST(TavruMapa, JanelaNumXDeVerdadeMostraOMapa)
     // pintura chega ao servidor logo depois do aviso).
     QTemporaryDir pasta;
     ASSERT_TRUE(pasta.isValid());
-    const QString foto = pasta.filePath(QStringLiteral("tela.xwd"));
+    const QString foto = pasta.filePath("tela.xwd");
     const QRect regiaoDoMapa(100, 150, 600, 450);
     TContagem c;
     for (int tentativa = 0; tentativa < 20 && aviso == QStringLiteral("Mapa na tela"); ++tentativa) {
         QProcess captura;
-        captura.start(xwd, {QStringLiteral("-root"), QStringLiteral("-silent"), QStringLiteral("-display"), tela,
-                            QStringLiteral("-out"), foto});
+        captura.start(xwd, {"-root", "-silent", "-display", tela, "-out", foto});
         ASSERT_TRUE(captura.waitForFinished(20000));
         ASSERT_EQ(captura.exitCode(), 0) << captura.readAllStandardError().toStdString();
         QFile arquivo(foto);

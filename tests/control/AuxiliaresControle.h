@@ -9,6 +9,7 @@
 #include "platform/Exception.h"
 #include "platform/TCanvas.h"
 
+#include <QRegularExpression>
 #include <QStringList>
 
 namespace tavru::teste {
@@ -83,24 +84,19 @@ public:
     void GISMouseMove(const TPoint &p) override { Anotar("move", p); }
     void GISMouseUp(const TPoint &p, TMouseButton b, TShiftState s) override { Anotar("up", p, b, s); }
     void GISMouseDown(const TPoint &p, TMouseButton b, TShiftState s) override { Anotar("down", p, b, s); }
-    void GISPaint() override { Chamadas.append(QStringLiteral("paint")); }
+    void GISPaint() override { Chamadas.append("paint"); }
     void GISSelecionou(TGISObjeto *o) override { Selecionados.append(o); }
-    void GisMouseLeave() override { Chamadas.append(QStringLiteral("leave")); }
-
+    void GisMouseLeave() override { Chamadas.append("leave"); }
     /// As chamadas sem as pinturas (que acompanham todo redesenho).
-    QStringList SemPinturas() const
-    {
-        QStringList r = Chamadas;
-        r.removeAll(QStringLiteral("paint"));
-        return r;
-    }
+    QStringList SemPinturas() const { return QStringList(Chamadas).filter(QRegularExpression("^(?!paint$)")); }
+
     QStringList Chamadas;
     QList<TGISObjeto *> Selecionados;
 
 private:
     void Anotar(const char *o, const TPoint &p, int b = -1, int s = 0)
     {
-        QString t = QStringLiteral("%1 %2,%3").arg(QLatin1String(o)).arg(p.X).arg(p.Y);
+        const QString t = QStringLiteral("%1 %2,%3").arg(o).arg(p.X).arg(p.Y);
         Chamadas.append(b < 0 ? t : t + QStringLiteral(" b%1 s%2").arg(b).arg(s));
     }
 };
@@ -109,12 +105,7 @@ private:
 class TGisContador : public TGis
 {
 public:
-    using TGis::DoMudaObjetoSelecionado;
-    void Desenhar() override
-    {
-        ++Desenhos;
-        TGis::Desenhar();
-    }
+    void Desenhar() override { ++Desenhos, TGis::Desenhar(); }
     int Desenhos = 0;
 };
 

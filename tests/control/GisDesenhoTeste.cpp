@@ -85,7 +85,6 @@ TEST_F(GisDesenho, FundoBufferEControleDesabilitado)
     };
     gis.Desenhar();
     ASSERT_EQ(gis.Buffer().size(), QSize(400, 200));
-    EXPECT_EQ(gis.Buffer().format(), QImage::Format_ARGB32_Premultiplied);
     EXPECT_EQ(Pixel(5, 5), 0x0A141Eu);
     EXPECT_EQ(Pixel(200, 100), 0xFF0000u);
     EXPECT_EQ(gis.Projecao()->AreaTela(), TRect(0, 0, 400, 200));

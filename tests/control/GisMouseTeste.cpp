@@ -86,27 +86,20 @@ TEST_F(GisMouse, RegistroDasFerramentas)
 {
     struct TRemovedora : TFerramentaGravadora
     {
-        TGis *Gis = nullptr;
-        IGISMouseEvent *Outra = nullptr;
-        void GISPaint() override
-        {
-            TFerramentaGravadora::GISPaint();
-            Gis->RemoverRegistroMouseEvent(Outra);
-        }
+        std::function<void()> AoPintar;
+        void GISPaint() override { TFerramentaGravadora::GISPaint(), AoPintar(); }
     };
     struct TFerramentaQObject : QObject, TFerramentaGravadora
     {
     };
     TRemovedora removedora;
     TFerramentaGravadora vitima;
-    removedora.Gis = &gis;
-    removedora.Outra = &vitima;
+    removedora.AoPintar = [&] { gis.RemoverRegistroMouseEvent(&vitima); };
     auto *ferramentaQt = new TFerramentaQObject;
-    gis.RegistrarMouseEvent(&ferramenta); // já registrada: não repete
-    gis.RegistrarMouseEvent(&removedora);
-    gis.RegistrarMouseEvent(&vitima);
-    gis.RegistrarMouseEvent(ferramentaQt);
-    EXPECT_EQ(gis.MouseEvents(), (std::vector<IGISMouseEvent *>{&ferramenta, &removedora, &vitima, ferramentaQt}));
+    const std::vector<IGISMouseEvent *> todas{&ferramenta, &removedora, &vitima, ferramentaQt};
+    for (IGISMouseEvent *f : todas)
+        gis.RegistrarMouseEvent(f); // a primeira já estava registrada: não repete
+    EXPECT_EQ(gis.MouseEvents(), todas);
 
     // Uma ferramenta tirada durante o aviso não é chamada depois; uma QObject destruída é esquecida.
     ferramenta.Chamadas.clear();

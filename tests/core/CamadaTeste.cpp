@@ -79,7 +79,7 @@ TEST(TGISCamada, InverterOrdemMantemOLimite)
     EXPECT_THROW(vazia.InverterOrdem(), EListError);
 }
 
-TEST(TGISCamadaList, AddSemRepetirBuscasEPosse)
+TEST(TGISCamadaList, AddSemRepetirEBuscas)
 {
     TGISCamadaList l;
     auto *rios = new TGISCamada(QStringLiteral("Rios"));
@@ -96,11 +96,4 @@ TEST(TGISCamadaList, AddSemRepetirBuscasEPosse)
     EXPECT_EQ(l.ObterCamadaPeloObjeto(o), estradas);
     TObjetoTeste fora;
     EXPECT_EQ(l.ObterCamadaPeloObjeto(&fora), nullptr);
-
-    l.Exchange(0, 1);
-    EXPECT_EQ(l.ObterGISCamada(0), estradas);
-    EXPECT_THROW(l.Exchange(1, 2), EListError);
-    EXPECT_EQ(l.Extract(rios), rios); // não libera
-    l.AtribuirGISCamada(0, rios);     // libera "Estradas" e o objeto dela
-    EXPECT_EQ(l.First()->Nome(), QStringLiteral("Rios"));
 }

@@ -25,16 +25,6 @@ public:
         return TPoint(s.X + 1, s.Y);
     }
 };
-
-TGISPosicaoList Aleatorias(int total, unsigned semente)
-{
-    std::mt19937 g(semente);
-    std::uniform_int_distribution<int> lat(-324000, 324000), lon(-648000, 648000);
-    TGISPosicaoList l;
-    for (int i = 0; i < total; ++i)
-        l.Add(GISPosicao(lat(g), lon(g)));
-    return l;
-}
 } // namespace
 
 TEST(Mercator, CoeficientePadraoEArredondamentoParaOPar)
@@ -74,7 +64,11 @@ TEST(Mercator, IdaEVoltaEListasIguaisAosPontos)
         EXPECT_EQ(p.TelaParaMundo(p.MundoParaTela(w)), w);
 
     // Os laços de lista dão exatamente o que a conversão de cada ponto dá.
-    const TGISPosicaoList mundo = Aleatorias(5000, 7);
+    TGISPosicaoList mundo;
+    std::mt19937 g(7);
+    std::uniform_int_distribution<int> lat(-324000, 324000), lon(-648000, 648000);
+    for (int i = 0; i < 5000; ++i)
+        mundo.Add(GISPosicao(lat(g), lon(g)));
     for (double zoom : {0.1, 1.0, 37.5, 50000.0}) {
         p.DoAtribuirZoom(zoom);
         std::vector<TPoint> tela;
@@ -95,7 +89,7 @@ TEST(Mercator, IdaEVoltaEListasIguaisAosPontos)
     EXPECT_EQ(tela[0], d.MundoParaTela(mundo[0]));
 }
 
-TEST(Mercator, ZoomLimitadoECoeficienteRecalculado)
+TEST(Mercator, ZoomLimitadoCoeficienteRecalculadoECopia)
 {
     TGISProjecaoMercator p;
     const double base = p.Coeficiente();
@@ -105,10 +99,6 @@ TEST(Mercator, ZoomLimitadoECoeficienteRecalculado)
     p.AtribuirZoom(1e6);
     EXPECT_EQ(p.Zoom(), 50000.0);
     EXPECT_DOUBLE_EQ(p.Coeficiente(), base * 50000.0);
-    p.AtribuirZoom(0.1);
-    EXPECT_EQ(p.Zoom(), 0.1);
-    p.AtribuirZoom(50000);
-    EXPECT_EQ(p.Zoom(), 50000.0);
 
     // Um mundo sem vão num eixo usa o fator 1.0 nesse eixo.
     p.AtribuirZoom(1);
@@ -116,10 +106,8 @@ TEST(Mercator, ZoomLimitadoECoeficienteRecalculado)
     EXPECT_DOUBLE_EQ(p.Coeficiente(), 640.0 / 1000.0);
     p.DoAtribuirAreaTela(TRect(-11, -7, 0, 0));
     EXPECT_EQ(p.CentroTela(), TPoint(-5, -3)); // divisão truncando para o zero
-}
 
-TEST(Mercator, CopiarNaoLevaOCentro)
-{
+    // Copiar leva tela, zoom e tolerâncias, não o centro.
     TGISProjecaoMercator origem;
     origem.AtribuirErroTelaPonto(2);
     origem.DoAtribuirAreaTela(TRect(0, 0, 100, 50));
@@ -202,7 +190,7 @@ TEST(Mercator, TelaVaziaLevantaEmVezDeDarInfinito)
     EXPECT_DOUBLE_EQ(TGISProjecaoMercator().ProporcaoMundoTela(), 648000.0 / 480.0); // a menor
 }
 
-TEST(Pertinencia, ToleranciasEstritas)
+TEST(Pertinencia, ToleranciasEstritasEAneisAbertosOuFechados)
 {
     TGISProjecaoMercator p;
     TGISPosicaoList linha;
@@ -226,11 +214,8 @@ TEST(Pertinencia, ToleranciasEstritas)
     EXPECT_FALSE(p.Equivalentes(GISPosicao(0, 0), GISPosicao(0, -5)));
     EXPECT_TRUE(p.Equivalentes(TPoint(10, 10), TPoint(14, 6)));
     EXPECT_FALSE(p.Equivalentes(TPoint(10, 10), TPoint(15, 10)));
-}
 
-TEST(Pertinencia, AnelAbertoEFechadoRespondemIgual)
-{
-    TGISProjecaoMercator p;
+    // Anel aberto e fechado respondem igual.
     // No mundo o segmento vem do canto sudoeste do mundo e cruza a aresta de fechamento.
     TGISPosicaoList aberto;
     for (const TGISPosicao q : {GISPosicao(100, 0), GISPosicao(100, 100), GISPosicao(0, 100), GISPosicao(0, 0)})

@@ -40,6 +40,7 @@ const TClasseTratador TTratadorB::Classe = TClasseTratador::De<TTratadorB>("TTra
 const QString Shp = QStringLiteral("Shapefiles (*.shp)|*.shp");
 const QString Tiff = QStringLiteral("Imagens TIFF (*.tiff)|*.tiff");
 const QString Tif = QStringLiteral("Imagens (*.tif;*.png)|*.tif;*.png");
+const auto Registrar = &TGISObjetoList::RegistrarTratadorDeArquivo;
 
 // Cada teste começa com o registro vazio e devolve o que havia.
 class Registro : public ::testing::Test
@@ -53,98 +54,90 @@ protected:
     }
     void TearDown() override { TGISObjetoList::RestaurarRegistro(FGuardado); }
 
-    static void Registrar(const QString &tipo, const TClasseTratador &c, const QString &leitura,
-                          const QString &escrita)
-    {
-        TGISObjetoList::RegistrarTratadorDeArquivo(tipo, c, leitura, escrita);
-    }
-
 private:
     std::vector<TRegistro> FGuardado;
 };
 } // namespace
 
+using L = TGISObjetoList;
+
 TEST_F(Registro, FiltrosCombinados)
 {
-    EXPECT_EQ(TGISObjetoList::ObterFiltroCompletoDeLeitura(),
-              QStringLiteral("Arquivos Compatíveis ()||Todos os Arquivos (*.*)|*.*"));
-    Registrar(QStringLiteral("SoGrava"), TTratadorA::Classe, QString(), Shp);
-    Registrar(QStringLiteral("TIFF"), TTratadorB::Classe, Tiff, QString());
-    EXPECT_EQ(TGISObjetoList::ObterFiltroCompletoDeLeitura(),
-              QStringLiteral("Arquivos Compatíveis (;*.tiff)|;*.tiff|") + Tiff
-                  + QStringLiteral("|Todos os Arquivos (*.*)|*.*"));
-    EXPECT_EQ(TGISObjetoList::ObterFiltroCompletoDeEscrita(),
-              QStringLiteral("Arquivos Compatíveis (*.shp)|*.shp|") + Shp
-                  + QStringLiteral("|Todos os Arquivos (*.*)|*.*"));
-    Registrar(QStringLiteral("Imagem"), TTratadorB::Classe, Tif, Tif);
-    Registrar(QStringLiteral("SemBarra"), TTratadorB::Classe, QStringLiteral("*.abc"), QString());
-    EXPECT_EQ(TGISObjetoList::ObterFiltroCompletoDeLeitura(),
-              QStringLiteral("Arquivos Compatíveis (;*.tiff;*.tif;*.png;*.abc)|;*.tiff;*.tif;*.png;*.abc|") + Tiff
-                  + QLatin1Char('|') + Tif + QStringLiteral("|*.abc|Todos os Arquivos (*.*)|*.*"));
+    EXPECT_EQ(L::ObterFiltroCompletoDeLeitura(), "Arquivos Compatíveis ()||Todos os Arquivos (*.*)|*.*");
+    Registrar("SoGrava", TTratadorA::Classe, QString(), Shp);
+    Registrar("TIFF", TTratadorB::Classe, Tiff, QString());
+    const QString todos = "|Todos os Arquivos (*.*)|*.*";
+    EXPECT_EQ(L::ObterFiltroCompletoDeLeitura(), "Arquivos Compatíveis (;*.tiff)|;*.tiff|" + Tiff + todos);
+    EXPECT_EQ(L::ObterFiltroCompletoDeEscrita(), "Arquivos Compatíveis (*.shp)|*.shp|" + Shp + todos);
+    Registrar("Imagem", TTratadorB::Classe, Tif, Tif);
+    Registrar("SemBarra", TTratadorB::Classe, "*.abc", QString());
+    EXPECT_EQ(L::ObterFiltroCompletoDeLeitura(),
+              "Arquivos Compatíveis (;*.tiff;*.tif;*.png;*.abc)|;*.tiff;*.tif;*.png;*.abc|" + Tiff + '|' + Tif
+                  + "|*.abc" + todos);
 }
 
 TEST_F(Registro, BuscasPorFiltroEPorExtensao)
 {
-    Registrar(QStringLiteral("TIFF"), TTratadorA::Classe, Tiff, QString());
-    Registrar(QStringLiteral("Imagem"), TTratadorB::Classe, Tif, Tif);
-    Registrar(QStringLiteral("Shape"), TTratadorB::Classe, Shp, Shp);
-    EXPECT_EQ(TGISObjetoList::ObterTipoPeloFiltro(Tif, true), QStringLiteral("Imagem"));
-    EXPECT_EQ(TGISObjetoList::ObterTipoPeloFiltro(Shp, false), QStringLiteral("Shape"));
-    EXPECT_EQ(TGISObjetoList::ObterTipoPeloFiltro(Tiff, false), QString());
-    EXPECT_EQ(TGISObjetoList::ObterTipoPeloFiltro(QStringLiteral("*.shp"), true), QString());
+    Registrar("TIFF", TTratadorA::Classe, Tiff, QString());
+    Registrar("Imagem", TTratadorB::Classe, Tif, Tif);
+    Registrar("Shape", TTratadorB::Classe, Shp, Shp);
+    EXPECT_EQ(L::ObterTipoPeloFiltro(Tif, true), "Imagem");
+    EXPECT_EQ(L::ObterTipoPeloFiltro(Shp, false), "Shape");
+    EXPECT_EQ(L::ObterTipoPeloFiltro(Tiff, false), QString());
+    EXPECT_EQ(L::ObterTipoPeloFiltro("*.shp", true), QString());
 
     for (const char *e : {"SHP", "shp", ".shp", ".SHP"})
-        EXPECT_EQ(TGISObjetoList::ObterTipoPelaExtencao(QString::fromLatin1(e), true), QStringLiteral("Shape")) << e;
-    EXPECT_EQ(TGISObjetoList::ObterTipoPelaExtencao(QStringLiteral("tif"), true), QStringLiteral("TIFF")); // o primeiro
-    EXPECT_EQ(TGISObjetoList::ObterTipoPelaExtencao(QStringLiteral("tif"), false), QStringLiteral("Imagem"));
-    EXPECT_EQ(TGISObjetoList::ObterTipoPelaExtencao(QStringLiteral("dgn"), true), QString());
+        EXPECT_EQ(L::ObterTipoPelaExtencao(e, true), "Shape") << e;
+    EXPECT_EQ(L::ObterTipoPelaExtencao("tif", true), "TIFF"); // o primeiro
+    EXPECT_EQ(L::ObterTipoPelaExtencao("tif", false), "Imagem");
+    EXPECT_EQ(L::ObterTipoPelaExtencao("dgn", true), QString());
 
     const TClasseTratador *c = &TTratadorA::Classe;
-    EXPECT_FALSE(TGISObjetoList::ObterRefClassPeloTipo(QStringLiteral("tiff"), c));
+    EXPECT_FALSE(L::ObterRefClassPeloTipo("tiff", c));
     EXPECT_EQ(c, nullptr);
-    EXPECT_TRUE(TGISObjetoList::ObterRefClassPeloTipo(QStringLiteral("Imagem"), c));
+    EXPECT_TRUE(L::ObterRefClassPeloTipo("Imagem", c));
     EXPECT_EQ(c, &TTratadorB::Classe);
 }
 
 TEST_F(Registro, RepetidoLevantaERemoverTiraTodasDaClasse)
 {
-    Registrar(QStringLiteral("Shape"), TTratadorA::Classe, Shp, Shp);
+    Registrar("Shape", TTratadorA::Classe, Shp, Shp);
     try {
-        Registrar(QStringLiteral("Shape"), TTratadorB::Classe, Tif, Tif);
+        Registrar("Shape", TTratadorB::Classe, Tif, Tif);
         FAIL() << "o registro repetido deveria levantar";
     } catch (const EInvalidOperation &e) {
-        EXPECT_EQ(e.Message(), QStringLiteral("O tratador para o tipo <Shape> ja foi registrado!!"));
+        EXPECT_EQ(e.Message(), "O tratador para o tipo <Shape> ja foi registrado!!");
     }
-    ASSERT_EQ(TGISObjetoList::ObterRegistro().size(), 1u);
-    EXPECT_EQ(TGISObjetoList::ObterRegistro()[0].Classe, &TTratadorA::Classe);
-    EXPECT_EQ(TGISObjetoList::ObterRegistro()[0].FiltroLeitura, Shp);
+    ASSERT_EQ(L::ObterRegistro().size(), 1u);
+    EXPECT_EQ(L::ObterRegistro()[0].Classe, &TTratadorA::Classe);
+    EXPECT_EQ(L::ObterRegistro()[0].FiltroLeitura, Shp);
 
-    Registrar(QStringLiteral("B"), TTratadorB::Classe, Tif, Tif);
-    Registrar(QStringLiteral("Shape2"), TTratadorA::Classe, Shp, Shp);
-    TGISObjetoList::RemoverRegistroTratadorDeArquivo(TTratadorA::Classe);
-    ASSERT_EQ(TGISObjetoList::ObterRegistro().size(), 1u);
-    EXPECT_EQ(TGISObjetoList::ObterRegistro()[0].Tipo, QStringLiteral("B"));
+    Registrar("B", TTratadorB::Classe, Tif, Tif);
+    Registrar("Shape2", TTratadorA::Classe, Shp, Shp);
+    L::RemoverRegistroTratadorDeArquivo(TTratadorA::Classe);
+    ASSERT_EQ(L::ObterRegistro().size(), 1u);
+    EXPECT_EQ(L::ObterRegistro()[0].Tipo, "B");
     {
-        TRegistraTratador registro(QStringLiteral("A"), TTratadorA::Classe, Shp, QString());
-        EXPECT_EQ(TGISObjetoList::ObterTipoPelaExtencao(QStringLiteral("shp"), true), QStringLiteral("A"));
+        TRegistraTratador registro("A", TTratadorA::Classe, Shp, QString());
+        EXPECT_EQ(L::ObterTipoPelaExtencao("shp", true), "A");
     }
-    EXPECT_EQ(TGISObjetoList::ObterTipoPelaExtencao(QStringLiteral("shp"), true), QString());
+    EXPECT_EQ(L::ObterTipoPelaExtencao("shp", true), QString());
 }
 
 TEST_F(Registro, LerEGravarPelaLista)
 {
-    Registrar(QStringLiteral("A"), TTratadorA::Classe, Shp, Shp);
+    Registrar("A", TTratadorA::Classe, Shp, Shp);
     TGISObjetoList l;
-    l.AtribuirNomeArquivo(QStringLiteral("antes"));
-    EXPECT_FALSE(l.Ler(QStringLiteral("x.dgn"), QStringLiteral("DGN")));
-    EXPECT_FALSE(l.Gravar(QStringLiteral("x.dgn"), QStringLiteral("a")));
-    EXPECT_EQ(l.NomeArquivo(), QStringLiteral("antes"));
+    l.AtribuirNomeArquivo("antes");
+    EXPECT_FALSE(l.Ler("x.dgn", "DGN"));
+    EXPECT_FALSE(l.Gravar("x.dgn", "a"));
+    EXPECT_EQ(l.NomeArquivo(), "antes");
     EXPECT_TRUE(Chamadas.isEmpty());
 
-    EXPECT_TRUE(l.Ler(QStringLiteral("mapa.shp"), QStringLiteral("A")));
+    EXPECT_TRUE(l.Ler("mapa.shp", "A"));
     EXPECT_EQ(l.Count(), 1); // o tratador trabalhou sobre esta lista
-    EXPECT_EQ(l.NomeArquivo(), QStringLiteral("mapa.shp"));
-    EXPECT_TRUE(l.Gravar(QStringLiteral("saida.shp"), QStringLiteral("A")));
-    EXPECT_EQ(l.NomeArquivo(), QStringLiteral("saida.shp"));
+    EXPECT_EQ(l.NomeArquivo(), "mapa.shp");
+    EXPECT_TRUE(l.Gravar("saida.shp", "A"));
+    EXPECT_EQ(l.NomeArquivo(), "saida.shp");
     EXPECT_EQ(Chamadas, QStringList({"Ler mapa.shp", "liberado", "Gravar saida.shp", "liberado"}));
 }

@@ -1,6 +1,6 @@
 #pragma once
-// Apoio comum dos testes dos elementos: um canvas que anota as chamadas de desenho (e as repassa
-// ao canvas de verdade) e uma projeção de um pixel por segundo de arco.
+// Apoio dos testes dos elementos: um canvas que anota as chamadas de desenho (e as repassa ao de
+// verdade), uma projeção de um pixel por segundo de arco, diálogos roteirizados e linhas prontas.
 
 #include "core/TGISPosicaoList.h"
 #include "core/TGISProjecaoMercator.h"
@@ -12,8 +12,7 @@
 
 namespace tavru::teste {
 
-/// Uma chamada de desenho: o nome, os pontos (ou os cantos do retângulo), o texto e o estado do
-/// canvas naquele momento.
+/// Uma chamada de desenho: o nome, os pontos (ou os cantos), o texto e o estado do canvas nela.
 struct TChamada
 {
     QString Nome;
@@ -36,20 +35,16 @@ public:
     void LineTo(int x, int y) override { Anotar("LineTo", {{x, y}}), TCanvas::LineTo(x, y); }
     void Polyline(const TPoint *p, int n) override { Anotar("Polyline", {p, p + n}), TCanvas::Polyline(p, n); }
     void Polygon(const TPoint *p, int n) override { Anotar("Polygon", {p, p + n}), TCanvas::Polygon(p, n); }
-    void Ellipse(int x1, int y1, int x2, int y2) override
+    void Ellipse(int a, int b, int c, int d) override { Anotar("Ellipse", {{a, b}, {c, d}}), TCanvas::Ellipse(a, b, c, d); }
+    void Rectangle(int a, int b, int c, int d) override
     {
-        Anotar("Ellipse", {{x1, y1}, {x2, y2}}), TCanvas::Ellipse(x1, y1, x2, y2);
-    }
-    void Rectangle(int x1, int y1, int x2, int y2) override
-    {
-        Anotar("Rectangle", {{x1, y1}, {x2, y2}}), TCanvas::Rectangle(x1, y1, x2, y2);
+        Anotar("Rectangle", {{a, b}, {c, d}}), TCanvas::Rectangle(a, b, c, d);
     }
     void TextOut(int x, int y, const QString &t) override { Anotar("TextOut", {{x, y}}, t), TCanvas::TextOut(x, y, t); }
     void TextRect(const TRect &r, int x, int y, const QString &t) override
     {
         Anotar("TextRect", {r.TopLeft(), r.BottomRight(), {x, y}}, t), TCanvas::TextRect(r, x, y, t);
     }
-    void Draw(int x, int y, const QImage &i) override { Anotar("Draw", {{x, y}}), TCanvas::Draw(x, y, i); }
 
     QStringList Nomes() const
     {
@@ -63,12 +58,11 @@ public:
     {
         QStringList linhas;
         for (const TChamada &c : Chamadas) {
-            QString l = c.Nome;
+            linhas << c.Nome;
             for (const TPoint &p : c.Pontos)
-                l += QStringLiteral(" %1,%2").arg(p.X).arg(p.Y);
-            linhas << l;
+                linhas.last() += QStringLiteral(" %1,%2").arg(p.X).arg(p.Y);
         }
-        return linhas.join(QStringLiteral("; "));
+        return linhas.join("; ");
     }
 
 private:
@@ -78,14 +72,17 @@ private:
     }
 };
 
-/// Um pixel por segundo de arco no zoom 1: a tela (0, 0)-(1000, 1000) mostra o mundo
+/// Um pixel por segundo de arco no zoom dado: a tela (0, 0)-(1000, 1000) mostra o mundo
 /// (-500, -500)-(500, 500), com o centro (0, 0) no pixel (500, 500) e a latitude para cima.
-inline void PrepararProjecao(TGISProjecaoMercator &p, double zoom = 1.0)
+struct TProjecaoUmPorUm : TGISProjecaoMercator
 {
-    p.DoAtribuirAreaTela(TRect(0, 0, 1000, 1000));
-    p.DoAtribuirAreaMundo(GISRet(-500, -500, 500, 500));
-    p.AtribuirZoom(zoom);
-}
+    explicit TProjecaoUmPorUm(double zoom = 1.0)
+    {
+        DoAtribuirAreaTela(TRect(0, 0, 1000, 1000));
+        DoAtribuirAreaMundo(GISRet(-500, -500, 500, 500));
+        AtribuirZoom(zoom);
+    }
+};
 
 /// Instala diálogos roteirizados com as respostas dadas enquanto vive (fila vazia: cancelar).
 class TRoteiro

@@ -40,7 +40,7 @@ void NoRaio(const std::vector<TGISPosicao> &p, int de, int ate, double raio)
 
 } // namespace
 
-TEST(TGISAreaCircular, DiscoESetorComAsQuantidadesFixasERaioNegativoComoNenhum)
+TEST(TGISAreaCircular, ContornoNosQuatroCasosComAsQuantidadesFixasEORumo)
 {
     const auto disco = Contorno(0, 2, 1, 1);
     ASSERT_EQ(disco.size(), 50u);
@@ -59,31 +59,33 @@ TEST(TGISAreaCircular, DiscoESetorComAsQuantidadesFixasERaioNegativoComoNenhum)
     EXPECT_GT(setor[39].Latitude, C.Latitude + 100);
     EXPECT_EQ(setor[49], C);
     EXPECT_EQ(Contorno(-1, 2, 0, Pi / 2), setor);
-}
 
-TEST(TGISAreaCircular, AnelESetorDeAnelSaoAneisFechados)
-{
+    // Anel: 30 no externo e 20 no interno.
     const auto anel = Contorno(1, 3, 0.5, 0.5);
-    ASSERT_EQ(anel.size(), 50u); // 30 + 20
+    ASSERT_EQ(anel.size(), 50u);
     NoRaio(anel, 0, 29, 3);
     NoRaio(anel, 30, 49, 1);
     EXPECT_EQ(anel[0], anel[29]);
 
-    const auto setor = Contorno(1, 3, 0, Pi / 2);
-    ASSERT_EQ(setor.size(), 50u); // 18 + 5 + 22 + 5
-    NoRaio(setor, 0, 17, 3);
-    NoRaio(setor, 23, 44, 1);
-    EXPECT_EQ(setor[17], setor[18]); // a ligação sai do fim do arco externo
-    EXPECT_EQ(setor[22], setor[23]); // e chega ao começo do interno
-    EXPECT_EQ(setor[49], setor[0]);
-    EXPECT_GT(setor[0].Latitude, C.Latitude + 100);   // o externo sai do norte
-    EXPECT_GT(setor[17].Longitude, C.Longitude + 100); // e chega ao leste
-}
+    // Setor de anel: 18 no externo, 5 na ligação, 22 no interno e 5 na volta.
+    const auto fatia = Contorno(1, 3, 0, Pi / 2);
+    ASSERT_EQ(fatia.size(), 50u);
+    NoRaio(fatia, 0, 17, 3);
+    NoRaio(fatia, 23, 44, 1);
+    EXPECT_EQ(fatia[17], fatia[18]); // a ligação sai do fim do arco externo
+    EXPECT_EQ(fatia[22], fatia[23]); // e chega ao começo do interno
+    EXPECT_EQ(fatia[49], fatia[0]);
+    EXPECT_GT(fatia[0].Latitude, C.Latitude + 100);   // o externo sai do norte
+    EXPECT_GT(fatia[17].Longitude, C.Longitude + 100); // e chega ao leste
+    EXPECT_GT(fatia[33].Latitude, C.Latitude + 30);    // o interno volta por dentro do setor,
+    EXPECT_GT(fatia[33].Longitude, C.Longitude + 30);  // não pelo outro lado: o anel é simples
+    const auto largo = Contorno(1, 3, 5.0, 1.0);       // do oeste ao leste passando pelo norte
+    EXPECT_GT(largo[9].Latitude, C.Latitude + 150);
+    EXPECT_GT(largo[33].Latitude, C.Latitude + 50);
 
-TEST(TGISAreaCircular, ORumoEmGrausGiraOSetorComoRadianos)
-{
-    const auto p = Contorno(0, 2, 0, Pi / 2, 0.0); // orientação leste: rumo 90
-    // De norte-leste, girado 90° no sentido horário: de leste a sul.
+    // O rumo em graus gira o setor como radianos: orientação leste (rumo 90) leva norte-leste a
+    // leste-sul.
+    const auto p = Contorno(0, 2, 0, Pi / 2, 0.0);
     EXPECT_LT(p[10].Latitude, C.Latitude - 100);
     EXPECT_NEAR(p[10].Longitude, C.Longitude, 1);
     EXPECT_GT(p[39].Longitude, C.Longitude + 100);
@@ -92,8 +94,7 @@ TEST(TGISAreaCircular, ORumoEmGrausGiraOSetorComoRadianos)
 
 TEST(TGISAreaCircular, DesenhoFechadoDeNovoPertinenciaExtensaoECores)
 {
-    TGISProjecaoMercator projecao;
-    PrepararProjecao(projecao);
+    TProjecaoUmPorUm projecao;
     TGISAreaCircular a;
     EXPECT_EQ(a.IndicePincel(), 0);
     a.AtribuirRaioMenor(1); // ~60 pixels
@@ -104,9 +105,20 @@ TEST(TGISAreaCircular, DesenhoFechadoDeNovoPertinenciaExtensaoECores)
     a.Pincel().Style = bsCross;
     a.AtualizarCores(tabela); // pincel no índice 0, caneta no -1 (a cor padrão)
 
-    TCanvasGravador canvas;
+    QImage imagem(1000, 1000, QImage::Format_ARGB32_Premultiplied);
+    imagem.fill(Qt::white);
+    TCanvasGravador canvas(&imagem);
     a.Desenhar(canvas, projecao, false);
     ASSERT_EQ(canvas.Nomes(), QStringList({"Polygon"}));
+    auto amarelos = [&](int x, int y) { // numa janela de 17 x 17 pixels
+        int n = 0;
+        for (int dy = -8; dy <= 8; ++dy)
+            for (int dx = -8; dx <= 8; ++dx)
+                n += canvas.Pixel(x + dx, y + dy) == clYellow;
+        return n;
+    };
+    EXPECT_GT(amarelos(500, 380), 0); // a faixa é pintada...
+    EXPECT_EQ(amarelos(500, 500), 0); // ...o furo não
     const TChamada &poligono = canvas.Chamadas[0];
     ASSERT_EQ(poligono.Pontos.size(), 51u);
     EXPECT_EQ(poligono.Pontos.front(), poligono.Pontos.back());
@@ -124,8 +136,7 @@ TEST(TGISAreaCircular, DesenhoFechadoDeNovoPertinenciaExtensaoECores)
 
 TEST(TGISAreaCircular, ConfiguracaoPadraoDaUmSetorDeAnelDeVoltaInteira)
 {
-    TGISProjecaoMercator projecao;
-    PrepararProjecao(projecao);
+    TProjecaoUmPorUm projecao;
     TGISAreaCircular a;
     ASSERT_TRUE(a.ConfiguracaoPadrao(projecao, TPoint(510, 490)));
     EXPECT_EQ(a.Posicao(), GISPosicao(10, 10));

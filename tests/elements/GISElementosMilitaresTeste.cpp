@@ -29,8 +29,7 @@ std::vector<std::pair<TPoint, TPoint>> Linhas(const TCanvasGravador &canvas, TCo
 
 TEST(TGISMeioAcompanhado, TamanhoFixoNaTelaPelosPadroesGlobais)
 {
-    TGISProjecaoMercator projecao;
-    PrepararProjecao(projecao, 0.1);
+    TProjecaoUmPorUm projecao(0.1);
     TGISMeioAcompanhado doze;
     EXPECT_EQ(doze.ObterAreaDesenho(projecao), TRect(494, 494, 506, 506));
     const std::int32_t tela = TamanhoNaTelaDefault;
@@ -48,10 +47,9 @@ TEST(TGISMeioAcompanhado, TamanhoFixoNaTelaPelosPadroesGlobais)
     }
 }
 
-TEST(TGISMeioAcompanhado, SetaDeRumoParaCimaNoRumoZeroEParaADireitaNoNoventa)
+TEST(TGISMeioAcompanhado, SetaDeRumoEPlacaVermelhaQueDevolveACaneta)
 {
-    TGISProjecaoMercator projecao;
-    PrepararProjecao(projecao);
+    TProjecaoUmPorUm projecao;
     TGISMeioAcompanhado meio; // pixel (500, 500), 12 x 12
     meio.AtribuirForma(gisCirculo);
     meio.AtribuirCor(RGB(0x80, 0, 0));
@@ -79,32 +77,27 @@ TEST(TGISMeioAcompanhado, SetaDeRumoParaCimaNoRumoZeroEParaADireitaNoNoventa)
     EXPECT_EQ(seta[0], std::make_pair(TPoint(508, 501), TPoint(490, 501)));
     EXPECT_LT(seta[1].second.X, 508);
     EXPECT_LT(seta[2].second.X, 508);
-}
 
-TEST(TGISMeioAcompanhado, PlacaVermelhaDevolveACanetaComoEstava)
-{
-    TGISProjecaoMercator projecao;
-    PrepararProjecao(projecao);
-    TGISMeioAcompanhado meio;
-    meio.AtribuirForma(gisQuadrado);
-    meio.AtribuirPlacaOculta(false);
-    TCanvasGravador canvas;
-    canvas.Pen() = TPen{clBlue, 3, psDash};
-    meio.Desenhar(canvas, projecao, true);
-    ASSERT_EQ(canvas.Nomes(), QStringList({"Rectangle", "Ellipse", "MoveTo", "LineTo"}));
-    const TChamada &circulo = canvas.Chamadas[1];
+    // A placa: um círculo vermelho e uma barra inclinada, e a caneta de quem chama volta sólida.
+    TGISMeioAcompanhado placa;
+    placa.AtribuirForma(gisQuadrado);
+    placa.AtribuirPlacaOculta(false);
+    TCanvasGravador outro;
+    outro.Pen() = TPen{clBlue, 3, psDash};
+    placa.Desenhar(outro, projecao, true);
+    ASSERT_EQ(outro.Nomes(), QStringList({"Rectangle", "Ellipse", "MoveTo", "LineTo"}));
+    const TChamada &circulo = outro.Chamadas[1];
     EXPECT_EQ(circulo.Pontos, (std::vector<TPoint>{{494, 494}, {506, 506}}));
     EXPECT_TRUE(circulo.Caneta == (TPen{clRed, 2, psSolid}));
     EXPECT_EQ(circulo.Pincel.Style, bsClear);
-    EXPECT_EQ(canvas.Chamadas[2].Pontos[0], TPoint(496, 496)); // de noroeste (2.3562)...
-    EXPECT_EQ(canvas.Chamadas[3].Pontos[0], TPoint(504, 504)); // ...a sudeste (7π/4)
-    EXPECT_TRUE(canvas.Pen() == (TPen{clBlue, 3, psSolid})); // o estilo fica sólido
+    EXPECT_EQ(outro.Chamadas[2].Pontos[0], TPoint(496, 496)); // de noroeste (2.3562)...
+    EXPECT_EQ(outro.Chamadas[3].Pontos[0], TPoint(504, 504)); // ...a sudeste (7π/4)
+    EXPECT_TRUE(outro.Pen() == (TPen{clBlue, 3, psSolid}));
 }
 
 TEST(TGISDerrota, PontilhadaDepoisDoIndiceESolidaDeNovoNaSequenciaSeguinte)
 {
-    TGISProjecaoMercator projecao;
-    PrepararProjecao(projecao);
+    TProjecaoUmPorUm projecao;
     TGISDerrota derrota;
     for (int s = 0; s < 2; ++s) {
         derrota.Pontos().Add(new TGISPosicaoList);

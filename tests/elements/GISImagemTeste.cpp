@@ -36,7 +36,7 @@ public:
 
 } // namespace
 
-TEST(TGISImagem, GeoLidoEmOrdemComQualquerEspacoOuIgnoradoQuandoNaoServe)
+TEST(TGISImagem, GeoLidoEmOrdemOuIgnoradoEGravadoComOsNumerosGrudados)
 {
     QTemporaryDir dir;
     const QString figura = dir.filePath(QStringLiteral("mapa.v1.png"));
@@ -60,26 +60,22 @@ TEST(TGISImagem, GeoLidoEmOrdemComQualquerEspacoOuIgnoradoQuandoNaoServe)
         EXPECT_FALSE(imagem.LerArquivoGEO(figura)) << estragado.toStdString();
         EXPECT_EQ(imagem.AreaImagem(), Padrao);
     }
-}
 
-TEST(TGISImagem, GeoGravadoComOsNumerosGrudados)
-{
-    QTemporaryDir dir;
-    const QString figura = dir.filePath(QStringLiteral("foto.jpg"));
+    // A gravação junta os números sem separador, como sempre foi: só volta se os sinais separam.
+    const QString foto = dir.filePath("foto.jpg");
     const auto gravado = [&] {
         QFile f(dir.filePath(QStringLiteral("foto.geo")));
         return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
     };
-    TGISImagem imagem;
-    imagem.GravarArquivoGEO(figura);
+    imagem.GravarArquivoGEO(foto);
     EXPECT_EQ(gravado(), QByteArray("-1000-100010001000\r\n"));
-    EXPECT_FALSE(imagem.LerArquivoGEO(figura)); // não volta: o segundo número estoura
+    EXPECT_FALSE(imagem.LerArquivoGEO(foto)); // não volta: o segundo número estoura
 
     imagem.AtribuirAreaImagem(GISRet(-1000, -2000, -500, -100)); // os sinais separam: volta
-    imagem.GravarArquivoGEO(figura);
+    imagem.GravarArquivoGEO(foto);
     EXPECT_EQ(gravado(), QByteArray("-1000-2000-500-100\r\n"));
     imagem.AtribuirAreaImagem(Padrao);
-    EXPECT_TRUE(imagem.LerArquivoGEO(figura));
+    EXPECT_TRUE(imagem.LerArquivoGEO(foto));
     EXPECT_EQ(imagem.AreaImagem(), GISRet(-1000, -2000, -500, -100));
 
     EXPECT_THROW(imagem.GravarArquivoGEO(dir.filePath(QStringLiteral("nao/ha/foto.jpg"))), EInOutError);
@@ -126,8 +122,7 @@ TEST(TGISImagem, FigurasDeExemploComGeoEFigurasQueNaoSeLeem)
 
 TEST(TGISImagem, DesenhaSoDentroDosLimitesDeZoomInclusive)
 {
-    TGISProjecaoMercator projecao;
-    PrepararProjecao(projecao);
+    TProjecaoUmPorUm projecao;
     TGISImagem imagem;
     imagem.AtribuirAreaImagem(GISRet(-100, -200, 100, 200));
     imagem.AtribuirZoomMinimoImagem(2.0);
@@ -159,8 +154,7 @@ TEST(TGISImagem, MoverDeslocaORetanguloEPertinenciaEEstrita)
     imagem.AtribuirPosicao(GISPosicao(210, 300));
     EXPECT_EQ(imagem.AreaImagem(), GISRet(110, 200, 311, 401));
 
-    TGISProjecaoMercator projecao;
-    PrepararProjecao(projecao);
+    TProjecaoUmPorUm projecao;
     imagem.AtribuirAreaImagem(GISRet(-100, -100, 100, 100)); // em ordem: o norte vai para cima
     EXPECT_FALSE(imagem.Pertence(projecao, TPoint(500, 500)));
     imagem.AtribuirAreaImagem(GISRet(100, -100, -100, 100));

@@ -5,7 +5,6 @@
 
 #include "elements/GISTrajeto.h"
 #include "platform/Exception.h"
-#include "platform/TProvedorDeDialogos.h"
 #include "platform/TStringList.h"
 
 #include <gtest/gtest.h>
@@ -76,8 +75,7 @@ TEST(TGISTrajeto, CamposDosVerticesSemRepetirNaOrdemEmQueAparecem)
 
 TEST(TGISTrajeto, RotulosDosTravadosPenduradosAbaixoCentrados)
 {
-    TGISProjecaoMercator projecao;
-    PrepararProjecao(projecao);
+    TProjecaoUmPorUm projecao;
     TGISTrajeto t;
     Inserir(t, {GISPosicao(0, -300), GISPosicao(100, 0), GISPosicao(0, 300), GISPosicao(1, 301)});
     t.ObterPonto(0)->AtribuirRotulo(QStringLiteral("solto")); // solto: sem rótulo
@@ -103,17 +101,13 @@ TEST(TGISTrajeto, RotulosDosTravadosPenduradosAbaixoCentrados)
 
 TEST(TGISTrajeto, DialogoDePontosEsvaziaAntesEZeroDesiste)
 {
-    TGISProjecaoMercator projecao;
-    PrepararProjecao(projecao);
-    auto roteiro = std::make_unique<TDialogosRoteirizados>();
-    roteiro->Textos = {QStringLiteral("abc"), QStringLiteral("201"), QStringLiteral("0"), QStringLiteral("9")};
-    auto anterior = TrocarDialogos(std::move(roteiro));
+    TProjecaoUmPorUm projecao;
+    TRoteiro roteiro{"0", "9"};
     TGISTrajeto t;
     Inserir(t, {GISPosicao(7, 7)});
     EXPECT_FALSE(t.ConfiguracaoPadrao(projecao, TPoint(500, 500)));
     EXPECT_EQ(t.Pontos().Count(), 1);
     EXPECT_TRUE(t.ConfiguracaoPadrao(projecao, TPoint(500, 500)));
-    TrocarDialogos(std::move(anterior));
     ASSERT_EQ(t.Pontos().Count(), 9);
     EXPECT_EQ(t.ObterGISPosicao(0), GISPosicao(0, -40));
     EXPECT_EQ(t.ObterGISPosicao(1), GISPosicao(-17, -30)); // senoide de 20 pixels

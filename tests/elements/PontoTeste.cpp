@@ -12,20 +12,17 @@ using namespace tavru;
 using namespace tavru::teste;
 
 namespace {
-
 /// Símbolo que só anota o retângulo e o ângulo com que foi desenhado.
 struct TSimboloAnotado : ISimbolo
 {
-    TRect *R;
-    double *A;
-    TSimboloAnotado(TRect *r, double *a) : R(r), A(a) {}
+    mutable TRect R;
+    mutable double A = 0;
     QString Nome() const override { return QString(); }
-    void DesenharRotacionado(TCanvas &, const TRect &r, double a) const override { *R = r, *A = a; }
+    void DesenharRotacionado(TCanvas &, const TRect &r, double a) const override { R = r, A = a; }
 };
-
 } // namespace
 
-TEST(Ponto, TamanhoNaTelaFicaEntreMinimoEMaximoEmTodoZoom)
+TEST(Ponto, TamanhoNaTelaLimitadoEmTodoZoomOuFixoCentrado)
 {
     TGISProjecaoMercator projecao; // mundo inteiro em 640 x 480
     TGISPonto ponto, incluido;
@@ -46,24 +43,20 @@ TEST(Ponto, TamanhoNaTelaFicaEntreMinimoEMaximoEmTodoZoom)
         EXPECT_TRUE(i.Width() >= 5 && i.Width() <= 50 && i.Height() >= 5 && i.Height() <= 50) << zoom;
     }
     EXPECT_TRUE(viuLivre);
-}
 
-TEST(Ponto, TamanhoFixoCentradoETamanhosImpares)
-{
-    TGISProjecaoMercator projecao;
-    PrepararProjecao(projecao);
-    TGISPonto ponto;
+    // Tamanho fixo: centrado em todo zoom; tamanhos ímpares põem o pixel a mais à direita e embaixo.
+    TProjecaoUmPorUm um;
     ponto.AtribuirPosicao(GISPosicao(123, -77));
     ponto.TamanhoNaTela(TPoint(20, 20));
     for (double zoom : {0.1, 3.0, 50000.0}) {
-        projecao.AtribuirZoom(zoom);
-        const TPoint c = projecao.MundoParaTela(ponto.Posicao());
-        EXPECT_EQ(ponto.ObterAreaDesenho(projecao), TRect(c.X - 10, c.Y - 10, c.X + 10, c.Y + 10)) << zoom;
+        um.AtribuirZoom(zoom);
+        const TPoint c = um.MundoParaTela(ponto.Posicao());
+        EXPECT_EQ(ponto.ObterAreaDesenho(um), TRect(c.X - 10, c.Y - 10, c.X + 10, c.Y + 10)) << zoom;
     }
-    projecao.AtribuirZoom(1.0);
-    ponto.TamanhoNaTela(TPoint(7, 9)); // esquerda = cx - 3, direita = esquerda + 7
-    const TPoint c = projecao.MundoParaTela(ponto.Posicao());
-    EXPECT_EQ(ponto.ObterAreaDesenho(projecao), TRect(c.X - 3, c.Y - 4, c.X + 4, c.Y + 5));
+    um.AtribuirZoom(1.0);
+    ponto.TamanhoNaTela(TPoint(7, 9));
+    const TPoint c = um.MundoParaTela(ponto.Posicao());
+    EXPECT_EQ(ponto.ObterAreaDesenho(um), TRect(c.X - 3, c.Y - 4, c.X + 4, c.Y + 5));
 }
 
 TEST(Ponto, AreaAntesEDepoisDoDesenho)
@@ -74,8 +67,7 @@ TEST(Ponto, AreaAntesEDepoisDoDesenho)
     ponto.AtribuirTamanhoNoMundo(GISPosicao(7, 101)); // metades truncadas
     EXPECT_EQ(ponto.Area(), GISRet(997, -1050, 1004, -949));
 
-    TGISProjecaoMercator projecao;
-    PrepararProjecao(projecao);
+    TProjecaoUmPorUm projecao;
     ponto.AtribuirPosicao(GISPosicao(10, 20));
     ponto.AtribuirTamanhoNoMundo(GISPosicao(100, 100));
     ponto.TamanhoNaTela(TPoint(20, 20));
@@ -96,8 +88,7 @@ TEST(Ponto, AreaAntesEDepoisDoDesenho)
 
 TEST(Ponto, FigurasCanetaEPincel)
 {
-    TGISProjecaoMercator projecao;
-    PrepararProjecao(projecao);
+    TProjecaoUmPorUm projecao;
     TGISPonto ponto; // em (0, 0): pixel (500, 500), retângulo (495, 496)-(506, 504)
     ponto.TamanhoNaTela(TPoint(11, 8));
     ponto.AtribuirCor(0x00123456);
@@ -137,8 +128,7 @@ TEST(Ponto, FigurasCanetaEPincel)
 
 TEST(Ponto, SimboloDaTabelaOuTrianguloNoLugar)
 {
-    TGISProjecaoMercator projecao;
-    PrepararProjecao(projecao);
+    TProjecaoUmPorUm projecao;
     TGISPonto ponto;
     ponto.TamanhoNaTela(TPoint(10, 10));
     ponto.AtribuirForma(gisSimbolo);
@@ -146,28 +136,26 @@ TEST(Ponto, SimboloDaTabelaOuTrianguloNoLugar)
     auto nomes = [&] {
         TCanvasGravador canvas;
         ponto.Desenhar(canvas, projecao, false);
-        return canvas.Nomes().join(QLatin1Char(' '));
+        return canvas.Nomes().join(' ');
     };
-    TRect r;
-    double angulo = 0;
     TTabelaDeSimbolos tabela;
-    tabela.Adicionar(std::make_unique<TSimboloAnotado>(&r, &angulo));
-    EXPECT_EQ(nomes(), QStringLiteral("Polygon")); // sem tabela da classe
+    auto *simbolo = new TSimboloAnotado;
+    tabela.Adicionar(std::unique_ptr<ISimbolo>(simbolo));
+    EXPECT_EQ(nomes(), "Polygon"); // sem tabela da classe
     TGISObjeto::AtribuirTabelaSimbolos(&tabela);
-    EXPECT_EQ(nomes(), QStringLiteral("Polygon")); // Simbolo = -1
-    ponto.AtribuirSimbolo(1);                      // igual ao total
-    EXPECT_EQ(nomes(), QStringLiteral("Polygon"));
+    EXPECT_EQ(nomes(), "Polygon"); // Simbolo = -1
+    ponto.AtribuirSimbolo(1);      // igual ao total
+    EXPECT_EQ(nomes(), "Polygon");
     ponto.AtribuirSimbolo(0);
     EXPECT_EQ(nomes(), QString());
-    EXPECT_EQ(r, TRect(495, 495, 505, 505));
-    EXPECT_DOUBLE_EQ(angulo, 0.5);
+    EXPECT_EQ(simbolo->R, TRect(495, 495, 505, 505));
+    EXPECT_DOUBLE_EQ(simbolo->A, 0.5);
     TGISObjeto::AtribuirTabelaSimbolos(nullptr);
 }
 
 TEST(Ponto, CarimboDaOMesmoDesenhoQueODireto)
 {
-    TGISProjecaoMercator projecao;
-    PrepararProjecao(projecao);
+    TProjecaoUmPorUm projecao;
     TGISPonto::LimparCarimbos();
     auto quadro = [&](bool carimbo) {
         TGISPonto::AtribuirUsarCarimbo(carimbo);
@@ -210,14 +198,4 @@ TEST(Ponto, CarimboDaOMesmoDesenhoQueODireto)
     ponto.AtribuirForma(gisCirculo);
     ponto.Desenhar(gravador, projecao, false);
     EXPECT_EQ(gravador.Nomes(), QStringList{QStringLiteral("Ellipse")});
-}
-
-TEST(Elementos, DescritoresDasClasses)
-{
-    EXPECT_EQ(TGISPonto::Descritor.Nome(), QStringLiteral("TGISPonto"));
-    EXPECT_NE(dynamic_cast<TGISPonto *>(TGISPonto::Descritor.Criar().get()), nullptr);
-    for (const TClasseObjeto *c : {&TGISPonto::Descritor, &TGISTexto::Descritor, &TGISLinha::Descritor,
-                                   &TGISArea::Descritor, &TGISCorredor::Descritor})
-        EXPECT_TRUE(c->Criar()->Classe() == *c) << c->Nome().toStdString();
-    EXPECT_FALSE(TGISArea::Descritor == TGISLinha::Descritor);
 }

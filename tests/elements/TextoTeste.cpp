@@ -12,7 +12,7 @@
 using namespace tavru;
 using namespace tavru::teste;
 
-TEST(Texto, BandeirasDeAlinhamentoComOsValoresQueImitamOutros)
+TEST(Texto, BandeirasDeAlinhamentoEExtensaoComAlturaIgualALargura)
 {
     TGISTexto t;
     auto bandeiras = [&](int v, int h) {
@@ -27,12 +27,40 @@ TEST(Texto, BandeirasDeAlinhamentoComOsValoresQueImitamOutros)
         EXPECT_EQ(bandeiras(1, h), bandeiras(0, h)) << h;
     EXPECT_EQ(bandeiras(2, 0), TA_BASELINE | TA_CENTER); // vertical 2 centra na horizontal
     EXPECT_EQ(bandeiras(3, 7), TA_BASELINE);
+
+    // A extensão é medida com a fonte, com a altura igual à largura.
+    bandeiras(2, 2);
+    t.AtribuirPosicao(GISPosicao(1000, 2000));
+    EXPECT_EQ(t.Area(), GISRet(1000, 2000, 1000, 2000)); // texto vazio: tamanho zero
+    t.AtribuirTexto(QStringLiteral("Porto de Santos"));
+    t.Fonte().SetSize(14);
+    const int w = QFontMetrics(t.Fonte().ParaQFont()).horizontalAdvance(t.Texto());
+    ASSERT_GT(w, 40);
+    const struct
+    {
+        int v, h;
+        TGISRet esperado;
+    } casos[] = {
+        {0, 0, GISRet(1000, 2000, 1000 + w, 2000 + w)}, // a altura é a largura, de propósito
+        {1, 1, GISRet(1000 - w, 2000 - w, 1000, 2000)},
+        {2, 2, GISRet(1000 - w / 2, 2000 - w / 2, 1000 + w / 2, 2000 + w / 2)},
+        {3, 0, GISRet(0, 2000, 0, 2000 + w)}, // vertical fora da faixa: o lado fica em zero
+    };
+    for (const auto &c : casos) {
+        t.AtribuirAlinhamentoVertical(static_cast<std::uint8_t>(c.v));
+        t.AtribuirAlinhamentoHorizontal(static_cast<std::uint8_t>(c.h));
+        EXPECT_EQ(t.Area(), c.esperado) << c.v << "," << c.h;
+    }
+    TProjecaoUmPorUm projecao(0.1);
+    t.AtribuirAlinhamentoVertical(0); // a posição no canto de baixo, à esquerda
+    const TPoint canto = projecao.MundoParaTela(t.Posicao());
+    EXPECT_TRUE(t.Pertence(projecao, TPoint(canto.X + 1, canto.Y - 1)));
+    EXPECT_FALSE(t.Pertence(projecao, TPoint(canto.X - 1, canto.Y)));
 }
 
 TEST(Texto, DesenhoGiraAFonteEDeixaElaNoCanvas)
 {
-    TGISProjecaoMercator projecao;
-    PrepararProjecao(projecao);
+    TProjecaoUmPorUm projecao;
     TGISTexto t;
     t.AtribuirTexto(QStringLiteral("Ilha"));
     t.AtribuirPosicao(GISPosicao(100, -50)); // pixel (450, 400)
@@ -68,34 +96,3 @@ TEST(Texto, DesenhoGiraAFonteEDeixaElaNoCanvas)
     EXPECT_EQ(t.Posicao(), GISPosicao(100, -50)); // a configuração padrão não a muda
 }
 
-TEST(Texto, ExtensaoMedidaComAFonteEAlturaIgualALargura)
-{
-    TGISTexto t;
-    t.AtribuirPosicao(GISPosicao(1000, 2000));
-    EXPECT_EQ(t.Area(), GISRet(1000, 2000, 1000, 2000)); // texto vazio: tamanho zero
-    t.AtribuirTexto(QStringLiteral("Porto de Santos"));
-    t.Fonte().SetSize(14);
-    const int w = QFontMetrics(t.Fonte().ParaQFont()).horizontalAdvance(t.Texto());
-    ASSERT_GT(w, 40);
-    const struct
-    {
-        int v, h;
-        TGISRet esperado;
-    } casos[] = {
-        {0, 0, GISRet(1000, 2000, 1000 + w, 2000 + w)}, // a altura é a largura, de propósito
-        {1, 1, GISRet(1000 - w, 2000 - w, 1000, 2000)},
-        {2, 2, GISRet(1000 - w / 2, 2000 - w / 2, 1000 + w / 2, 2000 + w / 2)},
-        {3, 0, GISRet(0, 2000, 0, 2000 + w)}, // vertical fora da faixa: o lado fica em zero
-    };
-    for (const auto &c : casos) {
-        t.AtribuirAlinhamentoVertical(static_cast<std::uint8_t>(c.v));
-        t.AtribuirAlinhamentoHorizontal(static_cast<std::uint8_t>(c.h));
-        EXPECT_EQ(t.Area(), c.esperado) << c.v << "," << c.h;
-    }
-    TGISProjecaoMercator projecao;
-    PrepararProjecao(projecao, 0.1);
-    t.AtribuirAlinhamentoVertical(0); // a posição no canto de baixo, à esquerda
-    const TPoint canto = projecao.MundoParaTela(t.Posicao());
-    EXPECT_TRUE(t.Pertence(projecao, TPoint(canto.X + 1, canto.Y - 1)));
-    EXPECT_FALSE(t.Pertence(projecao, TPoint(canto.X - 1, canto.Y)));
-}

@@ -4,7 +4,7 @@
 
 using namespace tavru;
 
-TEST(Retangulos, ConcertaUniaoContemEValida)
+TEST(Retangulos, OrdemBordasArredondamentoEEstouro)
 {
     EXPECT_EQ(ConcertaRect(GISRet(10, 20, -5, -30)), GISRet(-5, -30, 10, 20));
     EXPECT_EQ(ConcertaRect(TRect(10, 0, 2, 8)), TRect(2, 0, 10, 8));
@@ -21,10 +21,7 @@ TEST(Retangulos, ConcertaUniaoContemEValida)
     EXPECT_FALSE(Valida(GISRet(0, -648001, 324001, 10)));
     EXPECT_TRUE(Valida(GISPosicao(0, 0)));
     EXPECT_FALSE(Valida(GISPosicao(-324001, 0)));
-}
 
-TEST(Retangulos, CentroEscalonarInflarEIntersecao)
-{
     EXPECT_EQ(Centro(TRect(-3, -3, 0, 0)), TPoint(-1, -1)); // trunca em direção a zero
     EXPECT_EQ(Centro(TRect(0x7fffffff, 0, 0x7fffffff, 0)), TPoint(0x7fffffff, 0)); // sem estouro
     EXPECT_EQ(Centro(GISRet(-5, 1, 0, 2)), GISPosicao(-2, 1));
@@ -43,7 +40,7 @@ TEST(Retangulos, CentroEscalonarInflarEIntersecao)
     EXPECT_TRUE(PertenceRect(TPoint(10, 0), TRect(10, 10, 0, 0)));
 }
 
-TEST(Segmentos, DistanciaAoPontoMaisProximo)
+TEST(Segmentos, DistanciaCruzamentoEPontoDeIntersecao)
 {
     const TPoint a(0, 0), b(10, 0);
     EXPECT_DOUBLE_EQ(DistanciaAReta(a, b, TPoint(5, 3)), 3.0);
@@ -51,10 +48,7 @@ TEST(Segmentos, DistanciaAoPontoMaisProximo)
     EXPECT_DOUBLE_EQ(DistanciaAReta(a, b, TPoint(-3, -4)), 5.0);
     EXPECT_DOUBLE_EQ(DistanciaAReta(a, a, TPoint(3, 4)), 5.0); // segmento de um ponto
     EXPECT_DOUBLE_EQ(DistanciaAReta(GISPosicao(0, 0), GISPosicao(0, 100), GISPosicao(40, 50)), 40.0);
-}
 
-TEST(Segmentos, InterceptaSoCruzamentoProprio)
-{
     EXPECT_TRUE(Intercepta(TPoint(0, 0), TPoint(10, 10), TPoint(0, 10), TPoint(10, 0)));
     EXPECT_FALSE(Intercepta(TPoint(0, 0), TPoint(10, 10), TPoint(10, 10), TPoint(20, 0))); // ponta comum
     EXPECT_FALSE(Intercepta(TPoint(0, 0), TPoint(10, 0), TPoint(5, 0), TPoint(5, 5)));     // encosta
@@ -65,10 +59,7 @@ TEST(Segmentos, InterceptaSoCruzamentoProprio)
     EXPECT_TRUE(Intercepta(TPoint(m, m), TPoint(M, M), TPoint(m, M), TPoint(M, m)));
     EXPECT_FALSE(Intercepta(TPoint(m, m), TPoint(M, M - 1), TPoint(m, m + 1), TPoint(M, M)));
     EXPECT_TRUE(Intercepta(GISPosicao(-10, -10), GISPosicao(10, 10), GISPosicao(10, -10), GISPosicao(-10, 10)));
-}
 
-TEST(Segmentos, PontoIntersecao)
-{
     TPoint p(-99, -99);
     EXPECT_TRUE(PontoIntersecao(TPoint(0, 0), TPoint(10, 10), TPoint(0, 10), TPoint(10, 0), p));
     EXPECT_EQ(p, TPoint(5, 5));

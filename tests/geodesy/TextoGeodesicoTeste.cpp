@@ -12,7 +12,7 @@ namespace {
 constexpr double Pi = 3.14159265358979323846;
 }
 
-TEST(TextoDeGraus, Escrita)
+TEST(TextoDeGraus, EscritaEIdaEVoltaDeUmaFaixa)
 {
     EXPECT_EQ(IntToGrau(-84600, true), QStringLiteral("23°30'00''S"));
     EXPECT_EQ(IntToGrau(-166500, false), QStringLiteral("046°15'00''W"));
@@ -23,9 +23,12 @@ TEST(TextoDeGraus, Escrita)
     EXPECT_EQ(IntToGrau(-1, true), QStringLiteral("00°00'01''S"));
     EXPECT_FALSE(IntToGrau(INT32_MIN, true).contains(u'"'));
     EXPECT_EQ(GrauToInt(IntToGrau(INT32_MIN, false)), INT32_MIN);
+
+    for (std::int32_t v = -324000; v <= 324000; v += 997)
+        ASSERT_EQ(GrauToInt(IntToGrau(v, true)), v);
 }
 
-TEST(TextoDeGraus, LeituraDasFormasDigitadas)
+TEST(TextoDeGraus, LeituraDasFormasDigitadasELixo)
 {
     const std::pair<const char16_t *, std::int32_t> casos[] = {
         {u"23°30'00''S", -84600},   {u"046°15'00''W", -166500}, {u"-23.5", -84600},
@@ -38,10 +41,7 @@ TEST(TextoDeGraus, LeituraDasFormasDigitadas)
     };
     for (const auto &[texto, esperado] : casos)
         EXPECT_EQ(GrauToInt(QString::fromUtf16(texto)), esperado) << QString::fromUtf16(texto).toStdString();
-}
 
-TEST(TextoDeGraus, LixoLevantaEConvertError)
-{
     for (const char16_t *texto : {u"", u"   ", u"abc", u"23°30'00''X", u"N 23 S", u"-23 S", u"23 60", u"23 30 60",
                                   u"23.5 30", u"23 30.5 10", u"1 2 3 4", u"23..5", u"S", u"596524", u"23 - 30"}) {
         try {
@@ -51,12 +51,6 @@ TEST(TextoDeGraus, LixoLevantaEConvertError)
             EXPECT_TRUE(e.Message().contains(QStringLiteral("não é uma coordenada válida")));
         }
     }
-}
-
-TEST(TextoDeGraus, IdaEVoltaDeTodoSegundoDeUmaFaixa)
-{
-    for (std::int32_t v = -324000; v <= 324000; v += 997)
-        ASSERT_EQ(GrauToInt(IntToGrau(v, true)), v);
 }
 
 TEST(TextoDeDistanciaEAngulo, EscritaLeituraEUnidades)

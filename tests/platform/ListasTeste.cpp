@@ -19,7 +19,7 @@ int Contado::Vivos = 0;
 
 } // namespace
 
-TEST(ListaDeObjetos, RemoveLiberaExtractDevolveSemLiberar)
+TEST(ListaDeObjetos, PosseEIndicesForaDosLimites)
 {
     Contado::Vivos = 0;
     {
@@ -52,10 +52,7 @@ TEST(ListaDeObjetos, RemoveLiberaExtractDevolveSemLiberar)
     naoPossui.Add(&x);
     naoPossui.Delete(0);
     EXPECT_EQ(Contado::Vivos, 1);
-}
 
-TEST(ListaDeObjetos, IndicesForaDosLimitesLevantamEListError)
-{
     TObjectList<Contado> lista;
     EXPECT_THROW(lista.First(), EListError);
     EXPECT_THROW(lista.Last(), EListError);

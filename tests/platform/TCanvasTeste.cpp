@@ -26,10 +26,9 @@ QRect Tinta(const QImage &img)
 
 } // namespace
 
-TEST(Cores, LeiauteBGRELacunas)
+TEST(Cores, LeiauteBGREFonteEmPontosEPixels)
 {
-    EXPECT_EQ(ParaQColor(clRed), QColor(255, 0, 0));
-    EXPECT_EQ(ParaQColor(RGB(1, 2, 3)), QColor(1, 2, 3));
+    EXPECT_EQ(ParaQColor(RGB(1, 2, 3)), QColor(1, 2, 3)); // vermelho no byte baixo
     EXPECT_EQ(DeQColor(QColor(0, 0, 255)), clBlue);
     EXPECT_EQ(ParaQColor(clNone).alpha(), 0);
     TFont f;

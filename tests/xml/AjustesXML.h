@@ -1,6 +1,6 @@
 #pragma once
-// Ajuda dos testes do documento XML: os ajustes da unidade guardados e devolvidos a cada teste,
-// uma pasta temporária e atalhos para ler e gravar objetos e documentos.
+// Ajuda dos testes do documento XML: os ajustes da unidade devolvidos a cada teste, uma pasta
+// temporária e atalhos para ler e gravar objetos e documentos.
 
 #include "core/TGISObjetoList.h"
 #include "xml/ReconheceArquivoXML.h"
@@ -37,8 +37,8 @@ protected:
         ASSERT_TRUE(f.open(QIODevice::WriteOnly));
         f.write(bytes);
     }
-    // Um documento ISO-8859-1 com a raiz dada e o corpo dado.
-    QString Documento(const QString &corpo, const QString &raiz = QStringLiteral("CAMADA"))
+    /// Um documento ISO-8859-1 novo com a raiz e o corpo dados.
+    QString Documento(const QString &corpo, const QString &raiz = "CAMADA")
     {
         const QString caminho = Caminho(QStringLiteral("doc%1.xml").arg(++FDocumentos));
         Escrever(caminho, QStringLiteral("<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>\r\n<%1>\r\n%2\r\n</%1>\r\n")
@@ -46,22 +46,16 @@ protected:
                               .toLatin1());
         return caminho;
     }
-    static void Ler(tavru::TGISObjetoList &lista, const QString &caminho)
-    {
-        tavru::TTratadorDeArquivosXML(lista).Ler(caminho);
-    }
-    static void Gravar(tavru::TGISObjetoList &lista, const QString &caminho)
-    {
-        tavru::TTratadorDeArquivosXML(lista).Gravar(caminho);
-    }
-    // O objeto de um elemento solto, na classe esperada (nulo se vier outra).
+    static void Ler(tavru::TGISObjetoList &l, const QString &nome) { tavru::TTratadorDeArquivosXML(l).Ler(nome); }
+    static void Gravar(tavru::TGISObjetoList &l, const QString &nome) { tavru::TTratadorDeArquivosXML(l).Gravar(nome); }
+    /// O objeto de um elemento solto, na classe esperada (nulo se vier outra).
     template <typename T>
     static std::unique_ptr<T> Objeto(const QString &elemento)
     {
         std::unique_ptr<tavru::TGISObjeto> o = tavru::TTratadorDeArquivosXML::ObterObjeto(elemento);
         return std::unique_ptr<T>(dynamic_cast<T *>(o.get()) ? static_cast<T *>(o.release()) : nullptr);
     }
-    // As linhas que o gravador escreve para um objeto.
+    /// As linhas que o gravador escreve para um objeto.
     static QStringList Linhas(const tavru::TGISObjeto &objeto)
     {
         QStringList linhas;

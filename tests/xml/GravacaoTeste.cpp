@@ -21,48 +21,38 @@
 using namespace tavru;
 
 namespace {
-
 class Gravacao : public teste::DocumentoXML
 {
 };
-
-const QString Vazio = QStringLiteral("<Informacoes/>");
-
+const QString Vazio = "<Informacoes/>";
 } // namespace
 
-TEST_F(Gravacao, DocumentoVazioETagRaiz)
+TEST_F(Gravacao, FormaDosElementosEDoDocumento)
 {
     TGISObjetoList lista;
-    const QString caminho = Caminho(QStringLiteral("vazio.xml"));
+    const QString caminho = Caminho("vazio.xml");
     Gravar(lista, caminho);
     EXPECT_EQ(Bytes(caminho), QByteArray("<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>\r\n<CAMADA>\r\n</CAMADA>\r\n"));
-    TAG_RAIZ = QStringLiteral("Mapa");
-    Gravar(lista, caminho);
-    EXPECT_TRUE(Bytes(caminho).endsWith("?>\r\n<Mapa>\r\n</Mapa>\r\n"));
-}
 
-TEST_F(Gravacao, FormaDosElementos)
-{
     TGISPonto ponto;
     ponto.AtribuirPosicao(GISPosicao(1000, 2000));
     ponto.Caneta().Color = clRed; // a cor gravada é a da caneta, não a da fonte
-    EXPECT_EQ(Linhas(ponto), QStringList({QStringLiteral(
-                                              "<Ponto Latitude=\"00°16'40''N\" Longitude=\"000°33'20''E\" Letra=\"\" "
-                                              "Símbolo=\"-1\" Forma=\"0\" TamanhoMaximoX=\"150\" TamanhoMaximoY=\"150\" "
-                                              "TamanhoMinimoX=\"15\" TamanhoMinimoY=\"15\" TamanhoNoMundoLatitude=\"10000\" "
-                                              "TamanhoNoMundoLongitude=\"10000\" Orientação=\"0°\" FonteNome=\"DejaVu "
-                                              "Sans\" FonteCharset=\"1\" FonteTamanho=\"8\" Cor=\"0000FF\">"),
-                                          Vazio, QStringLiteral("</Ponto>")}));
+    EXPECT_EQ(Linhas(ponto), QStringList({"<Ponto Latitude=\"00°16'40''N\" Longitude=\"000°33'20''E\" Letra=\"\" "
+                                          "Símbolo=\"-1\" Forma=\"0\" TamanhoMaximoX=\"150\" TamanhoMaximoY=\"150\" "
+                                          "TamanhoMinimoX=\"15\" TamanhoMinimoY=\"15\" TamanhoNoMundoLatitude=\"10000\" "
+                                          "TamanhoNoMundoLongitude=\"10000\" Orientação=\"0°\" FonteNome=\"DejaVu "
+                                          "Sans\" FonteCharset=\"1\" FonteTamanho=\"8\" Cor=\"0000FF\">",
+                                          Vazio, "</Ponto>"}));
 
     // O texto termina a abertura com um espaço; a orientação soma GrauToMarinha do giro (graus) à
     // orientação (radianos), como sempre foi.
     TGISTexto texto;
     texto.AtribuirPosicao(GISPosicao(-84600, -166500));
-    texto.AtribuirTexto(QStringLiteral("Olá"));
+    texto.AtribuirTexto("Olá");
     texto.AtribuirGiroAdicional(90);
-    EXPECT_EQ(Linhas(texto).first(), QStringLiteral("<Texto Latitude=\"23°30'00''S\" Longitude=\"046°15'00''W\" "
-                                                    "Fonte=\"DejaVu Sans\" Orientação=\"0°\" AlinhamentoVertical=\"2\" "
-                                                    "AlinhamentoHorizontal=\"2\" Texto=\"Olá\" FonteTamanho=\"8\"> "));
+    EXPECT_EQ(Linhas(texto).first(), "<Texto Latitude=\"23°30'00''S\" Longitude=\"046°15'00''W\" Fonte=\"DejaVu Sans\" "
+                                     "Orientação=\"0°\" AlinhamentoVertical=\"2\" AlinhamentoHorizontal=\"2\" "
+                                     "Texto=\"Olá\" FonteTamanho=\"8\"> ");
 
     // Uma derrota é uma linha; cada parte começa com Tipo="Inicio"; partes vazias não aparecem;
     // os pontos gravados são os absolutos.
@@ -74,73 +64,64 @@ TEST_F(Gravacao, FormaDosElementos)
     linha.InserirPonto(0, 1, GISPosicao(7200, -7200));
     linha.InserirPonto(2, 0, GISPosicao(0, 0));
     linha.AtribuirPosicao(GISPosicao(60, 0));
-    linha.Informacoes().AtribuirCampo(QStringLiteral("Nome"), QStringLiteral("Rio"));
-    EXPECT_EQ(Linhas(linha),
-              QStringList({QStringLiteral("<Linha Estilo=\"1\" Cor=\"000000\">"), QStringLiteral("<Pontos>"),
-                           QStringLiteral("<Ponto Tipo=\"Inicio\" Latitude=\"01°01'00''N\" Longitude=\"001°00'00''W\"/>"),
-                           QStringLiteral("<Ponto Latitude=\"02°01'00''N\" Longitude=\"002°00'00''W\"/>"),
-                           QStringLiteral("<Ponto Tipo=\"Inicio\" Latitude=\"00°01'00''N\" Longitude=\"000°00'00''E\"/>"),
-                           QStringLiteral("</Pontos>"),
-                           QStringLiteral("<Informacoes>\r\n<Informacao><Rotulo>Nome</Rotulo><Valor>Rio</Valor>"
-                                          "</Informacao>\r\n</Informacoes>"),
-                           QStringLiteral("</Linha>")}));
+    linha.Informacoes().AtribuirCampo("Nome", "Rio");
+    EXPECT_EQ(Linhas(linha), QStringList({"<Linha Estilo=\"1\" Cor=\"000000\">", "<Pontos>",
+                                          "<Ponto Tipo=\"Inicio\" Latitude=\"01°01'00''N\" Longitude=\"001°00'00''W\"/>",
+                                          "<Ponto Latitude=\"02°01'00''N\" Longitude=\"002°00'00''W\"/>",
+                                          "<Ponto Tipo=\"Inicio\" Latitude=\"00°01'00''N\" Longitude=\"000°00'00''E\"/>",
+                                          "</Pontos>",
+                                          "<Informacoes>\r\n<Informacao><Rotulo>Nome</Rotulo><Valor>Rio</Valor>"
+                                          "</Informacao>\r\n</Informacoes>",
+                                          "</Linha>"}));
 
     TGISCorredor corredor;
     corredor.AtribuirEsq(2.5);
-    EXPECT_EQ(Linhas(corredor).first(), QStringLiteral("<Corredor Estilo=\"0\" Cor=\"000000\" EstiloPreenchimento=\"0\" "
-                                                       "CorPreenchimento=\"FFFFFF\" Esq=\"2.5 MN\" Dir=\"10 MN\">"));
+    EXPECT_EQ(Linhas(corredor).first(), "<Corredor Estilo=\"0\" Cor=\"000000\" EstiloPreenchimento=\"0\" "
+                                        "CorPreenchimento=\"FFFFFF\" Esq=\"2.5 MN\" Dir=\"10 MN\">");
     TGISAreaCircular circular;
     circular.AtribuirRaioMaior(10);
     circular.AtribuirAzimuteFinal(M_PI);
     EXPECT_EQ(Linhas(circular).first(),
-              QStringLiteral("<AreaCircular Latitude=\"00°00'00''N\" Longitude=\"000°00'00''E\" RaioMaior=\"10 MN\" "
-                             "RaioMenor=\"0 MN\" AzimuteInicial=\"0°\" AzimuteFinal=\"180°\" Estilo=\"0\" Cor=\"000000\" "
-                             "EstiloPreenchimento=\"0\" CorPreenchimento=\"FFFFFF\">"));
-    TGISImagem imagem;
-    EXPECT_EQ(Linhas(imagem).first(), QStringLiteral("<Imagem Arquivo=\"\" LatMin=\"00°16'40''S\" LongMin=\"000°16'40''W\" "
-                                                     "LatMax=\"00°16'40''N\" LongMax=\"000°16'40''E\" "
-                                                     "CorTransparente=\"FFFFFF\">"));
+              "<AreaCircular Latitude=\"00°00'00''N\" Longitude=\"000°00'00''E\" RaioMaior=\"10 MN\" RaioMenor=\"0 MN\" "
+              "AzimuteInicial=\"0°\" AzimuteFinal=\"180°\" Estilo=\"0\" Cor=\"000000\" EstiloPreenchimento=\"0\" "
+              "CorPreenchimento=\"FFFFFF\">");
+    EXPECT_EQ(Linhas(TGISImagem()).first(), "<Imagem Arquivo=\"\" LatMin=\"00°16'40''S\" LongMin=\"000°16'40''W\" "
+                                            "LatMax=\"00°16'40''N\" LongMax=\"000°16'40''E\" CorTransparente=\"FFFFFF\">");
 
     // No trajeto o bloco de informações vem antes dos pontos.
     TGISTrajeto trajeto;
     trajeto.InserirPosicao(0, GISPosicao(1, 2));
-    EXPECT_EQ(Linhas(trajeto), QStringList({QStringLiteral("<Trajeto Estilo=\"0\" Cor=\"000000\">"), Vazio,
-                                            QStringLiteral("<Pontos>"),
-                                            QStringLiteral("<Ponto Latitude=\"00°00'01''N\" Longitude=\"000°00'02''E\">"),
-                                            Vazio, QStringLiteral("</Ponto>"), QStringLiteral("</Pontos>"),
-                                            QStringLiteral("</Trajeto>")}));
+    EXPECT_EQ(Linhas(trajeto), QStringList({"<Trajeto Estilo=\"0\" Cor=\"000000\">", Vazio, "<Pontos>",
+                                            "<Ponto Latitude=\"00°00'01''N\" Longitude=\"000°00'02''E\">", Vazio,
+                                            "</Ponto>", "</Pontos>", "</Trajeto>"}));
 
     // O composto não tem atributos nem bloco; um meio acompanhado é um ponto.
     TGISComposto composto;
     composto.Objetos().Add(new TGISComposto);
     composto.Objetos().Add(new TGISMeioAcompanhado);
     const QStringList linhas = Linhas(composto);
-    EXPECT_EQ(linhas.mid(0, 3), QStringList({QStringLiteral("<Composto>"), QStringLiteral("<Composto>"),
-                                             QStringLiteral("</Composto>")}));
-    EXPECT_TRUE(linhas[3].startsWith(QStringLiteral("<Ponto ")));
+    EXPECT_EQ(linhas.mid(0, 3), QStringList({"<Composto>", "<Composto>", "</Composto>"}));
+    EXPECT_TRUE(linhas[3].startsWith("<Ponto "));
     EXPECT_EQ(linhas.size(), 7);
-}
 
-TEST_F(Gravacao, CoresNoModoDaTabela)
-{
+    // No modo da tabela, os códigos de cor; a cor transparente da imagem é sempre hexadecimal.
     USAR_TABELA_DE_SIMBOLOS = true;
     TGISArea area;
     area.AtribuirIndiceCor(3);
-    EXPECT_EQ(Linhas(area).first(), QStringLiteral("<Area Estilo=\"0\" Cor=\"3\" EstiloPreenchimento=\"0\" "
-                                                   "CorPreenchimento=\"-1\">"));
-    TGISImagem imagem; // a cor transparente é sempre hexadecimal
+    EXPECT_EQ(Linhas(area).first(), "<Area Estilo=\"0\" Cor=\"3\" EstiloPreenchimento=\"0\" CorPreenchimento=\"-1\">");
+    TGISImagem imagem;
     imagem.AtribuirCor(clRed);
-    EXPECT_TRUE(Linhas(imagem).first().endsWith(QStringLiteral(" CorTransparente=\"0000FF\">")));
+    EXPECT_TRUE(Linhas(imagem).first().endsWith(" CorTransparente=\"0000FF\">"));
 }
 
 TEST_F(Gravacao, TextosCrusOuEscapadosEAcentos)
 {
     TGISObjetoList lista;
     auto *texto = new TGISTexto;
-    texto->AtribuirTexto(QStringLiteral("São \"Luís\" & <Ilha>"));
-    texto->Informacoes().AtribuirCampo(QStringLiteral("Região"), QStringLiteral("x < y & ½"));
+    texto->AtribuirTexto("São \"Luís\" & <Ilha>");
+    texto->Informacoes().AtribuirCampo("Região", "x < y & ½");
     lista.Add(texto);
-    const QString caminho = Caminho(QStringLiteral("textos.xml"));
+    const QString caminho = Caminho("textos.xml");
 
     // Sem escape o texto vai como está, e as aspas estragam o documento.
     Gravar(lista, caminho);
@@ -162,12 +143,12 @@ TEST_F(Gravacao, TextosCrusOuEscapadosEAcentos)
     EXPECT_EQ(lida[0]->Informacoes(), texto->Informacoes());
 
     // Um documento declarado UTF-8 leva o que o Latin-1 não tem.
-    CABECALHO = QStringLiteral("<?xml version=\"1.0\" encoding=\"UTF-8\"?>");
-    texto->AtribuirTexto(QStringLiteral("5 € — ok"));
+    CABECALHO = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>";
+    texto->AtribuirTexto("5 € — ok");
     Gravar(lista, caminho);
     TGISObjetoList utf8;
     Ler(utf8, caminho);
-    EXPECT_EQ(static_cast<TGISTexto *>(utf8[0])->Texto(), QStringLiteral("5 € — ok"));
+    EXPECT_EQ(static_cast<TGISTexto *>(utf8[0])->Texto(), "5 € — ok");
 }
 
 TEST_F(Gravacao, FalhasNaoDestroemODocumentoAnterior)
@@ -175,25 +156,25 @@ TEST_F(Gravacao, FalhasNaoDestroemODocumentoAnterior)
     TGISObjetoList lista;
     auto *ponto = new TGISPonto;
     lista.Add(ponto);
-    const QString caminho = Caminho(QStringLiteral("mapa.xml"));
+    const QString caminho = Caminho("mapa.xml");
     Gravar(lista, caminho);
     const QByteArray anterior = Bytes(caminho);
 
     // Um caractere fora do ISO-8859-1: erro claro antes de escrever qualquer coisa.
-    ponto->Informacoes().AtribuirCampo(QStringLiteral("Preço"), QStringLiteral("10 €"));
+    ponto->Informacoes().AtribuirCampo("Preço", "10 €");
     try {
         Gravar(lista, caminho);
         FAIL() << "o euro não cabe em ISO-8859-1";
     } catch (const EConvertError &e) {
-        EXPECT_TRUE(e.Message().contains(QStringLiteral("U+20AC"))) << e.what();
+        EXPECT_TRUE(e.Message().contains("U+20AC")) << e.what();
     }
-    EXPECT_THROW(Gravar(lista, Caminho(QStringLiteral("novo.xml"))), EConvertError);
+    EXPECT_THROW(Gravar(lista, Caminho("novo.xml")), EConvertError);
     EXPECT_EQ(Bytes(caminho), anterior);
-    EXPECT_EQ(Arquivos(), QStringList{QStringLiteral("mapa.xml")});
+    EXPECT_EQ(Arquivos(), QStringList{"mapa.xml"});
 
     // O disco recusa arquivos de mais de 4 KiB: a gravação falha no meio da escrita (um documento
     // menor que o buffer do arquivo, que escondia a escrita curta).
-    ponto->Informacoes().AtribuirCampo(QStringLiteral("Preço"), QStringLiteral("x").repeated(8000));
+    ponto->Informacoes().AtribuirCampo("Preço", QString("x").repeated(8000));
     rlimit antes{};
     ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &antes), 0);
     const auto sinal = std::signal(SIGXFSZ, SIG_IGN);
@@ -210,6 +191,6 @@ TEST_F(Gravacao, FalhasNaoDestroemODocumentoAnterior)
     std::signal(SIGXFSZ, sinal);
     EXPECT_TRUE(falhou);
     EXPECT_EQ(Bytes(caminho), anterior);
-    EXPECT_EQ(Arquivos(), QStringList{QStringLiteral("mapa.xml")});
-    EXPECT_THROW(Gravar(lista, Caminho(QStringLiteral("nao/existe.xml"))), EInOutError);
+    EXPECT_EQ(Arquivos(), QStringList{"mapa.xml"});
+    EXPECT_THROW(Gravar(lista, Caminho("nao/existe.xml")), EInOutError);
 }

@@ -1,5 +1,5 @@
-// O tratador como o registro o usa: registro na carga, Reconhece, arquivo que falta, raiz aceita
-// sem distinguir maiúsculas, TAG_RAIZ trocado e leitura que acrescenta.
+// O tratador como o registro o usa: registro na carga, Reconhece, arquivo que falta ou que não é
+// XML, raiz aceita sem distinguir maiúsculas, TAG_RAIZ trocado e leitura que acrescenta.
 
 #include "AjustesXML.h"
 
@@ -11,34 +11,30 @@
 using namespace tavru;
 
 namespace {
-
 class Tratador : public teste::DocumentoXML
 {
 protected:
-    QString DoisPontos(const QString &raiz = QStringLiteral("CAMADA"))
+    QString DoisPontos(const QString &raiz = "CAMADA")
     {
-        return Documento(QStringLiteral("<Ponto Latitude=\"100\" Longitude=\"200\"/>\r\n<Ponto Latitude=\"-300\"/>"), raiz);
+        return Documento("<Ponto Latitude=\"100\" Longitude=\"200\"/>\r\n<Ponto Latitude=\"-300\"/>", raiz);
     }
 };
-
 } // namespace
 
 TEST_F(Tratador, RegistradoNaCargaEReconheceTudo)
 {
     const TClasseTratador *classe = nullptr;
-    ASSERT_TRUE(TGISObjetoList::ObterRefClassPeloTipo(QStringLiteral("XML"), classe));
+    ASSERT_TRUE(TGISObjetoList::ObterRefClassPeloTipo("XML", classe));
     EXPECT_EQ(classe, &TTratadorDeArquivosXML::Classe);
-    EXPECT_EQ(TGISObjetoList::ObterTipoPelaExtencao(QStringLiteral("XML"), false), QStringLiteral("XML"));
-    EXPECT_EQ(TGISObjetoList::ObterTipoPeloFiltro(QStringLiteral("Arquivos XML (*.xml)|*.xml"), true),
-              QStringLiteral("XML"));
-
+    EXPECT_EQ(TGISObjetoList::ObterTipoPelaExtencao("XML", false), "XML");
+    EXPECT_EQ(TGISObjetoList::ObterTipoPeloFiltro("Arquivos XML (*.xml)|*.xml", true), "XML");
     TGISObjetoList lista;
     const QString caminho = DoisPontos();
-    ASSERT_TRUE(lista.Ler(caminho, QStringLiteral("XML")));
+    ASSERT_TRUE(lista.Ler(caminho, "XML"));
     EXPECT_EQ(lista.Count(), 2);
     EXPECT_EQ(lista.NomeArquivo(), caminho);
 
-    // Reconhece aceita qualquer fluxo sem ler nada dele.
+    // Reconhece aceita qualquer fluxo, até fechado, sem ler nada dele.
     QByteArray binario("\x00\x01 nada de XML", 15);
     QBuffer fluxo(&binario);
     ASSERT_TRUE(fluxo.open(QIODevice::ReadOnly));
@@ -48,23 +44,23 @@ TEST_F(Tratador, RegistradoNaCargaEReconheceTudo)
     EXPECT_TRUE(TTratadorDeArquivosXML(lista).Reconhece(fechado));
 }
 
-TEST_F(Tratador, ArquivoQueNaoExiste)
+TEST_F(Tratador, ArquivoQueNaoExisteOuNaoEXML)
 {
     TGISObjetoList lista;
     lista.AtribuirLimites(GISRet(1, 2, 3, 4));
-    for (const QString &nome : {Caminho(QStringLiteral("nenhum.xml")), Caminho(QString()), QString()}) {
+    for (const QString &nome : {Caminho("nenhum.xml"), Caminho(QString()), QString()}) {
         try {
             Ler(lista, nome);
             FAIL() << nome.toStdString();
         } catch (const EFilerError &e) {
-            EXPECT_EQ(e.Message(), QStringLiteral("O arquivo especificado não existe ou não está disponível!"));
+            EXPECT_EQ(e.Message(), "O arquivo especificado não existe ou não está disponível!");
         }
     }
     EXPECT_EQ(lista.Limites(), GISRet(1, 2, 3, 4)); // nada mais acontece
 
     // Arquivos que existem mas não são XML: o erro do leitor, com o nome do arquivo.
+    const QString caminho = Caminho("ruim.xml");
     for (const QByteArray &bytes : {QByteArray(), QByteArray("\x89PNG\r\n\x1a\n", 8), QByteArray("<CAMADA><Ponto")}) {
-        const QString caminho = Caminho(QStringLiteral("ruim.xml"));
         Escrever(caminho, bytes);
         try {
             Ler(lista, caminho);
@@ -79,7 +75,7 @@ TEST_F(Tratador, ArquivoQueNaoExiste)
 TEST_F(Tratador, RaizELeituraQueAcrescenta)
 {
     TGISObjetoList lista;
-    Ler(lista, DoisPontos(QStringLiteral("camada")));
+    Ler(lista, DoisPontos("camada"));
     ASSERT_EQ(lista.Count(), 2);
     const TGISRet limites = Uniao(lista[0]->Area(), lista[1]->Area());
     EXPECT_EQ(lista.Limites(), limites);
@@ -88,15 +84,16 @@ TEST_F(Tratador, RaizELeituraQueAcrescenta)
 
     // Outra raiz: nada lido, nada levantado, e os limites ainda recalculados.
     lista.AtribuirLimites(GISRet(0, 0, 1, 1));
-    Ler(lista, DoisPontos(QStringLiteral("MAPA")));
+    Ler(lista, DoisPontos("MAPA"));
     EXPECT_EQ(lista.Count(), 4);
     EXPECT_EQ(lista.Limites(), limites);
 
     // Com TAG_RAIZ trocado, a raiz gravada é a nova e só ela é aceita.
-    TAG_RAIZ = QStringLiteral("Mapa");
-    const QString caminho = Caminho(QStringLiteral("mapa.xml"));
+    TAG_RAIZ = "Mapa";
+    const QString caminho = Caminho("mapa.xml");
     Gravar(lista, caminho);
-    EXPECT_TRUE(Bytes(caminho).contains("\r\n<Mapa>\r\n"));
+    EXPECT_TRUE(Bytes(caminho).contains("?>\r\n<Mapa>\r\n"));
+    EXPECT_TRUE(Bytes(caminho).endsWith("\r\n</Mapa>\r\n"));
     TGISObjetoList lida;
     Ler(lida, caminho);
     EXPECT_EQ(lida.Count(), 4);
