@@ -5,6 +5,8 @@
 #include "platform/TCanvas.h"
 
 #include <QImage>
+#include <algorithm>
+#include <cstdint>
 #include <cstdlib>
 
 namespace tavru {
@@ -145,9 +147,13 @@ void TGISBarraDeManipulacao::GISMouseMove(const TPoint &ponto)
         TGISProjecao &projecao = *FGis->Projecao();
         const TGISPosicao aqui = projecao.TelaParaMundo(ponto);
         const TGISPosicao antes = projecao.TelaParaMundo(FPontoPressionado);
+        // Em 64 bits, levado à faixa de 32: arrastar sem parar para um lado não estoura o centro.
+        auto mover = [](std::int64_t centro, std::int64_t aqui, std::int64_t antes) {
+            return static_cast<std::int32_t>(std::clamp<std::int64_t>(centro - (aqui - antes), INT32_MIN, INT32_MAX));
+        };
         const TGISPosicao centro = projecao.Centro();
-        projecao.AtribuirCentro(GISPosicao(centro.Latitude - (aqui.Latitude - antes.Latitude),
-                                           centro.Longitude - (aqui.Longitude - antes.Longitude)));
+        projecao.AtribuirCentro(GISPosicao(mover(centro.Latitude, aqui.Latitude, antes.Latitude),
+                                           mover(centro.Longitude, aqui.Longitude, antes.Longitude)));
         FPontoPressionado = ponto;
         FGis->Desenhar();
     }

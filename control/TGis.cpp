@@ -18,9 +18,22 @@
 #include <QPainter>
 #include <QRegion>
 #include <algorithm>
+#include <cstdint>
+#include <cstdlib>
 #include <cstring>
 
 namespace tavru {
+
+namespace {
+
+/// Uma coordenada calculada em 64 bits levada à faixa de 32: posições fora do mundo (um documento
+/// pode dá-las em inteiros crus) não estouram.
+std::int32_t Limitar32(std::int64_t v)
+{
+    return static_cast<std::int32_t>(std::clamp<std::int64_t>(v, INT32_MIN, INT32_MAX));
+}
+
+} // namespace
 
 TGis::TGis(QWidget *parent)
     : QWidget(parent),
@@ -172,6 +185,8 @@ void TGis::DesenharCamada(TGISCamada &camada, TCanvas &canvas, TGISProjecao &pro
 
             TEntrada &entrada = entradas[static_cast<size_t>(i)];
             if (objeto->RotuloVisivel() && objeto->Informacoes().ObterTotal() > 0) {
+                // A extensão é medida de novo depois do desenho, de propósito: um ponto (e um
+                // composto com pontos) guarda a área que acabou de desenhar.
                 auto *ponto = dynamic_cast<TGISPonto *>(objeto);
                 const TRect referencia = ponto ? ponto->ObterAreaDesenho(projecao)
                                                : ConcertaRect(projecao.MundoParaTelaRet(objeto->Area()));
@@ -405,12 +420,13 @@ void TGis::ZoomArea(const QString &nome, int indice)
     TGISCamada *camada = ObterCamada(nome);
     if (!camada)
         return;
-    TGISRet r = camada->Objetos().Items(indice)->Area();
-    r.Pos1.Latitude -= 10;
-    r.Pos1.Longitude -= 10;
-    r.Pos2.Latitude += 10;
-    r.Pos2.Longitude += 10;
-    FProjecao->FitToRect(r);
+    const TGISObjeto *objeto = camada->Objetos().Items(indice);
+    if (!objeto) // um lugar vazio da lista não tem extensão
+        return;
+    const TGISRet a = objeto->Area();
+    auto mais = [](std::int32_t v, int d) { return Limitar32(std::int64_t(v) + d); };
+    FProjecao->FitToRect(GISRet(mais(a.Pos1.Latitude, -10), mais(a.Pos1.Longitude, -10), mais(a.Pos2.Latitude, 10),
+                                mais(a.Pos2.Longitude, 10)));
 }
 
 void TGis::VisualizarObjeto(TGISObjeto *objeto, bool centralizar, int percentual)
@@ -433,18 +449,18 @@ void TGis::VisualizarObjeto(TGISObjeto *objeto, bool centralizar, int percentual
         auto *ponto = dynamic_cast<TGISPonto *>(objeto);
         const TRect margem = ponto ? ponto->ObterAreaDesenho(projecao) : projecao.MundoParaTelaRet(v);
         o = ConcertaRect(projecao.TelaParaMundoRet(Inflar(margem, FSeta->Tamanho())));
-        auto deslocamento = [](std::int32_t o1, std::int32_t o2, std::int32_t v1, std::int32_t v2) {
+        auto deslocamento = [](std::int64_t o1, std::int64_t o2, std::int64_t v1, std::int64_t v2) -> std::int64_t {
             if (o1 < v1)
                 return o1 - v1;
             if (o2 > v2)
                 return o2 - v2;
             return 0;
         };
-        const std::int32_t dLat = deslocamento(o.Pos1.Latitude, o.Pos2.Latitude, v.Pos1.Latitude, v.Pos2.Latitude);
-        const std::int32_t dLon =
+        const std::int64_t dLat = deslocamento(o.Pos1.Latitude, o.Pos2.Latitude, v.Pos1.Latitude, v.Pos2.Latitude);
+        const std::int64_t dLon =
             deslocamento(o.Pos1.Longitude, o.Pos2.Longitude, v.Pos1.Longitude, v.Pos2.Longitude);
         const TGISPosicao centro = projecao.Centro();
-        projecao.AtribuirCentro(GISPosicao(centro.Latitude + dLat, centro.Longitude + dLon));
+        projecao.AtribuirCentro(GISPosicao(Limitar32(centro.Latitude + dLat), Limitar32(centro.Longitude + dLon)));
     }
     SelecionarObjeto(objeto);
 }
@@ -458,11 +474,11 @@ void TGis::CalcularZoomInteligente()
         objetos.CalcularLimites();
         const TPoint p1 = projecao.MundoParaTela(objetos.Limites().Pos1);
         const TPoint p2 = projecao.MundoParaTela(objetos.Limites().Pos2);
-        const int dx = std::abs(p2.X - p1.X);
-        const int dy = std::abs(p2.Y - p1.Y);
+        const std::int64_t dx = std::llabs(std::int64_t(p2.X) - p1.X);
+        const std::int64_t dy = std::llabs(std::int64_t(p2.Y) - p1.Y);
         if (dx > 0 && dy > 0) {
-            const double fx = static_cast<double>(projecao.AreaTela().Width()) / dx;
-            const double fy = static_cast<double>(projecao.AreaTela().Height()) / dy;
+            const double fx = static_cast<double>(projecao.AreaTela().Width()) / static_cast<double>(dx);
+            const double fy = static_cast<double>(projecao.AreaTela().Height()) / static_cast<double>(dy);
             const double zx = fx * projecao.Zoom();
             const double zy = fy * projecao.Zoom();
             camada.AtribuirZoomMinimo(zx > zy ? zx : zy);
@@ -639,7 +655,9 @@ void TGis::ObterListaDeObjetos(const TPoint &ponto, TStringList &lista)
             TGISObjeto *objeto = objetos.Items(o);
             if (!objeto)
                 continue;
-            const TRect r = projecao.MundoParaTelaRet(objeto->Area());
+            // Em ordem antes de crescer: a latitude maior fica em cima, e crescer o retângulo
+            // projetado como veio o encolheria na vertical.
+            const TRect r = ConcertaRect(projecao.MundoParaTelaRet(objeto->Area()));
             if (!Intersecao(r, projecao.AreaTela()))
                 continue;
             const int margem = r.Left == r.Right ? Arredondar(projecao.ErroTelaPonto() * zoom / 2.0)
@@ -647,8 +665,10 @@ void TGis::ObterListaDeObjetos(const TPoint &ponto, TStringList &lista)
             const TRect crescido = Inflar(r, margem);
             if (!Intersecao(crescido, cliente) || !PertenceRect(ponto, crescido))
                 continue;
+            if (!objeto->Pertence(projecao, ponto))
+                continue;
             const QString rotulo = ObterRotulo(*objeto);
-            if (objeto->Pertence(projecao, ponto) && !rotulo.isEmpty())
+            if (!rotulo.isEmpty())
                 lista.AddObject(rotulo, objeto);
         }
     }

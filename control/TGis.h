@@ -169,7 +169,8 @@ public:
     /// Centra em `posicao` com `zoom` e redesenha.
     void Visao(const TGISPosicao &posicao, double zoom);
     /// Ajusta a visão à extensão do objeto `indice` da camada, crescida de 10 segundos de arco em
-    /// cada coordenada. Índice fora da lista levanta `EListError`. Não redesenha.
+    /// cada coordenada. Índice fora da lista levanta `EListError`; um lugar vazio da lista não faz
+    /// nada. Não redesenha.
     void ZoomArea(const QString &nome, int indice);
     /// Traz o objeto para a visão (centrando-o, ou deslocando só o bastante para que ele fique com
     /// a margem da seta dentro da tela) e o seleciona. Com `percentual` diferente de 0, o zoom

@@ -61,7 +61,7 @@ bool LerGrauCanonico(const char *texto, std::int32_t &resultado)
     }
     int minutos = 0, segundos = 0;
     if (digitos == 0 || p[0] != 0xC2 || p[1] != 0xB0 || !DoisDigitos(p + 2, minutos) || p[4] != '\''
-        || !DoisDigitos(p + 5, segundos) || p[7] != '\'' || p[8] != '\'' || p[10] != 0)
+        || !DoisDigitos(p + 5, segundos) || p[7] != '\'' || p[8] != '\'' || p[9] == 0 || p[10] != 0)
         return false;
     if (minutos >= 60 || segundos >= 60)
         return false;

@@ -31,8 +31,9 @@ extern TAVRU_GIS_EXPORT bool USAR_TABELA_DE_SIMBOLOS;
 
 /// Falso por padrão: o gravador põe textos, nomes de arquivo e de fonte e o bloco de informações
 /// tal como estão, e um `"`, `<` ou `&` neles dá um documento que um leitor de XML conforme recusa
-/// (o formato é assim; o leitor desta casa tolera `<` e `&` soltos, mas não aspas). Verdadeiro troca `&`, `<`, `>` e `"` pelas entidades do XML nos valores de atributo
-/// e nos textos, e o documento se lê de volta igual.
+/// (o formato é assim; o leitor desta casa tolera `<` e `&` soltos, mas não aspas). Verdadeiro
+/// troca `&`, `<`, `>` e `"` pelas entidades do XML nos valores de atributo e nos textos, e o
+/// documento se lê de volta igual.
 extern TAVRU_GIS_EXPORT bool ESCAPAR_TEXTOS;
 
 } // namespace tavru

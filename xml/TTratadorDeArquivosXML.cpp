@@ -54,26 +54,28 @@ QString DescricaoDoErro(pugi::xml_parse_status status)
                           .arg(static_cast<qlonglong>(r.offset)));
 }
 
+[[noreturn]] void ErroDeLeitura(const QString &nomeArquivo, const QString &motivo)
+{
+    throw EFilerError(QStringLiteral("Não foi possível ler o arquivo \"%1\": %2.").arg(nomeArquivo, motivo));
+}
+
 // Carrega o arquivo no documento. O arquivo é lido pelo QFile (vale também um recurso do Qt,
 // ":/mapa/paises.xml") para um bloco do alocador do pugixml, que o analisa no lugar e o libera:
 // a memória é a mesma do load_file (o arquivo uma vez, mais a cópia convertida para UTF-8 quando o
-// documento é ISO-8859-1, só durante a conversão).
+// documento é ISO-8859-1, só durante a conversão). Um arquivo que não se lê levanta `EFilerError`
+// com o motivo; o resultado é o da análise.
 pugi::xml_parse_result Carregar(pugi::xml_document &documento, const QString &nomeArquivo)
 {
-    pugi::xml_parse_result r;
-    r.status = pugi::status_io_error;
     QFile arquivo(nomeArquivo);
     if (!arquivo.open(QIODevice::ReadOnly))
-        return r;
+        ErroDeLeitura(nomeArquivo, arquivo.errorString());
     const qint64 tamanho = arquivo.size();
     void *bloco = pugi::get_memory_allocation_function()(static_cast<size_t>(std::max<qint64>(tamanho, 1)));
-    if (!bloco) {
-        r.status = pugi::status_out_of_memory;
-        return r;
-    }
+    if (!bloco)
+        ErroDeLeitura(nomeArquivo, DescricaoDoErro(pugi::status_out_of_memory));
     if (arquivo.read(static_cast<char *>(bloco), tamanho) != tamanho) {
         pugi::get_memory_deallocation_function()(bloco);
-        return r;
+        ErroDeLeitura(nomeArquivo, arquivo.errorString());
     }
     return documento.load_buffer_inplace_own(bloco, static_cast<size_t>(tamanho), OpcoesDoDOM, pugi::encoding_auto);
 }

@@ -24,12 +24,6 @@ struct TGraus
     double Lon;
 };
 
-TGISPosicao EmSegundos(const TGraus &g)
-{
-    return GISPosicao(static_cast<std::int32_t>(std::lround(g.Lat * 3600.0)),
-                      static_cast<std::int32_t>(std::lround(g.Lon * 3600.0)));
-}
-
 TGISCamada *NovaCamada(TGis &gis, const QString &nome, TGISTipoCamada tipo)
 {
     auto *camada = new TGISCamada(nome);
@@ -44,9 +38,9 @@ void Encher(TGISLinha &linha, std::initializer_list<TGraus> pontos, bool fechar)
     linha.Pontos().Add(new TGISPosicaoList);
     int i = 0;
     for (const TGraus &g : pontos)
-        linha.InserirPonto(0, i++, EmSegundos(g));
+        linha.InserirPonto(0, i++, Graus(g.Lat, g.Lon));
     if (fechar)
-        linha.InserirPonto(0, i, EmSegundos(*pontos.begin()));
+        linha.InserirPonto(0, i, Graus(pontos.begin()->Lat, pontos.begin()->Lon));
     linha.CalcularLimites();
 }
 
@@ -73,7 +67,7 @@ void MontarTextos(TGis &gis)
     auto novo = [&](const QString &texto, TGraus lugar, int pontos, double graus) {
         auto *t = new TGISTexto;
         t->AtribuirTexto(texto);
-        t->AtribuirPosicao(EmSegundos(lugar));
+        t->AtribuirPosicao(Graus(lugar.Lat, lugar.Lon));
         t->AtribuirOrientacao(graus * M_PI / 180.0);
         t->Fonte().SetSize(pontos);
         t->Fonte().Style = Estilo(fsItalic);

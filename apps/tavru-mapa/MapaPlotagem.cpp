@@ -17,11 +17,6 @@ namespace {
 
 constexpr double Pi = 3.14159265358979323846;
 
-TGISPosicao Graus(double lat, double lon)
-{
-    return GISPosicao(static_cast<std::int32_t>(std::lround(lat * 3600)), static_cast<std::int32_t>(std::lround(lon * 3600)));
-}
-
 void Nomear(TGISObjeto &objeto, const QString &nome, const QString &tipo)
 {
     objeto.Informacoes().AtribuirCampo(QStringLiteral("Nome"), nome);
@@ -30,6 +25,12 @@ void Nomear(TGISObjeto &objeto, const QString &nome, const QString &tipo)
 }
 
 } // namespace
+
+TGISPosicao Graus(double lat, double lon)
+{
+    return GISPosicao(static_cast<std::int32_t>(std::lround(lat * 3600)),
+                      static_cast<std::int32_t>(std::lround(lon * 3600)));
+}
 
 void MontarSatelite(TGis &gis)
 {

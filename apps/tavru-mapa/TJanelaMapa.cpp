@@ -10,6 +10,7 @@
 #include "core/TGISCamada.h"
 #include "core/TGISCamadaList.h"
 #include "core/TGISObjetoList.h"
+#include "core/TGISProjecao.h"
 #include "platform/Exception.h"
 #include "platform/TProvedorDeDialogos.h"
 
@@ -126,10 +127,12 @@ void TJanelaMapa::GISMouseClick(const TPoint &ponto)
         FGis->SelecionarObjeto(FGis->ObterObjeto(ponto));
 }
 
-void TJanelaMapa::GISMouseMove(const TPoint &)
+void TJanelaMapa::GISMouseMove(const TPoint &ponto)
 {
-    FPosicao->setText(QStringLiteral("Latitude %1   Longitude %2")
-                          .arg(IntToGrau(FGis->ObterLatitude(), true), IntToGrau(FGis->ObterLongitude(), false)));
+    // O ponto do movimento é o do cursor: sem perguntar a posição ao sistema a cada movimento.
+    const TGISPosicao p = FGis->Projecao()->TelaParaMundo(ponto);
+    FPosicao->setText(
+        QStringLiteral("Latitude %1   Longitude %2").arg(IntToGrau(p.Latitude, true), IntToGrau(p.Longitude, false)));
 }
 
 void TJanelaMapa::GisMouseLeave()

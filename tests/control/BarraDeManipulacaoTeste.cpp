@@ -201,6 +201,12 @@ TEST_F(BarraDeManipulacao, DeslocamentoSegueOMouseEZoomPorClique)
     const double depois = Projecao().Zoom();
     QTest::mouseClick(&gis, Qt::LeftButton, Qt::NoModifier, p);
     EXPECT_DOUBLE_EQ(Projecao().Zoom(), depois);
+
+    // Arrastar sempre para o mesmo lado leva o centro ao fim da faixa de 32 bits, sem estourar.
+    Clicar(btnMover);
+    gis.Visao(GISPosicao(0, INT32_MAX - 1000), 0.1); // 10 pixels são 324000 segundos de arco
+    Arrastar(QPoint(200, 100), QPoint(190, 100));
+    EXPECT_EQ(Projecao().Centro().Longitude, INT32_MAX);
 }
 
 TEST(BarraDeManipulacaoVida, RegistroTrocaEDestruicaoEmQualquerOrdem)

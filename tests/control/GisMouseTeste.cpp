@@ -151,6 +151,7 @@ TEST_F(GisMouse, ObjetosSobOPonto)
     EXPECT_EQ(lista.Objects(2), b1);
     EXPECT_EQ(gis.ObterObjeto(TPoint(200, 100)), c1);
     EXPECT_EQ(gis.ObterObjeto(TPoint(20, 20)), nullptr);
+    EXPECT_EQ(gis.ObterObjeto(TPoint(200, 92)), c1); // junto da borda de cima (a margem não encolhe)
 
     // A margem decide quem chega a `Pertence`: 2 pixels em volta do ponto.
     pontual->FAcertaTudo = true;

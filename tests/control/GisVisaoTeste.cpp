@@ -111,6 +111,8 @@ TEST_F(GisVisao, AjustesDaVisao)
     gis.ZoomArea("v", 1);
     EXPECT_EQ(projecao.Ajustes.back(), GISRet(0, 0, 30, 30));
     EXPECT_THROW(gis.ZoomArea("v", 2), EListError);
+    visivel.Objetos().Add(nullptr);
+    gis.ZoomArea("v", 2); // lugar vazio: nada
     gis.ZoomArea("nenhuma", 0);
     EXPECT_EQ(projecao.Ajustes.size(), 5u);
     EXPECT_EQ(gis.Desenhos, 4); // nem FitToCamada nem ZoomArea redesenham
@@ -165,6 +167,24 @@ TEST_F(GisVisao, ZoomInteligente)
     EXPECT_DOUBLE_EQ(ponto.ZoomMinimo(), 0.5); // extensão de largura zero: fica
     EXPECT_DOUBLE_EQ(imagem->Escala(), 90.0);  // mundo 648000 x 1296000 sobre 7200 x 7200
     EXPECT_EQ(gis.Desenhos, 2);
+}
+
+TEST_F(GisVisao, CoordenadasForaDoMundoNaoEstouram)
+{
+    // Um documento pode dar inteiros crus fora do mundo: as contas da visão ficam nos 32 bits.
+    TGISCamada &c = NovaCamada(gis, "c");
+    Objeto(c, GISRet(0, 0, INT32_MAX, INT32_MAX));
+    projecao.DoAtribuirZoom(50000.0); // o canto de cima projeta fora dos 32 bits (sem desenhar)
+    gis.CalcularZoomInteligente();
+    EXPECT_GT(c.ZoomMinimo(), 0.0);
+    gis.ZoomArea("c", 0);
+    EXPECT_EQ(projecao.Ajustes.back(), GISRet(-10, -10, INT32_MAX, INT32_MAX));
+    auto *ponto = new TGISPonto; // à direita da tela, junto do fim da faixa
+    ponto->AtribuirPosicao(GISPosicao(0, INT32_MAX - 100));
+    c.Objetos().Add(ponto);
+    gis.Visao(GISPosicao(0, INT32_MAX - 700000), 1.0);
+    gis.VisualizarObjeto(ponto, false, 0);
+    EXPECT_EQ(gis.ObjetoSelecionado(), ponto);
 }
 
 TEST(GisProjecao, PadraoTrocadaENuncaLiberada)

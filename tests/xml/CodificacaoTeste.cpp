@@ -6,7 +6,9 @@
 #include "xml/CodificacaoXML_p.h"
 
 #include <gtest/gtest.h>
+#include <cstring>
 #include <limits>
+#include <memory>
 #include <random>
 
 using namespace tavru;
@@ -30,6 +32,12 @@ TEST(CodificacaoXML, GrausRapidosIguaisAosDaGeodesia)
         EXPECT_EQ(LerGrau(t), GrauToInt(QString::fromUtf8(t))) << t;
     EXPECT_THROW(LerGrau("10°60'00''N"), EConvertError);
     EXPECT_THROW(LerGrau("9999999°00'00''N"), EConvertError);
+    // Sem a letra, o texto acaba logo depois das aspas e vai à geodésia sem que o caminho rápido
+    // leia além do fim (o ASan veria).
+    const QByteArray semLetra("12°34'56''");
+    const std::unique_ptr<char[]> justo(new char[semLetra.size() + 1]);
+    std::memcpy(justo.get(), semLetra.constData(), static_cast<size_t>(semLetra.size()) + 1);
+    EXPECT_EQ(LerGrau(justo.get()), GrauToInt(QString::fromUtf8(semLetra)));
 }
 
 TEST(CodificacaoXML, DocumentoNaCodificacaoDoCabecalho)
