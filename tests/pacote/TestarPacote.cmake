@@ -5,7 +5,8 @@ execute_process(COMMAND ${CMAKE_COMMAND} --install ${BINARIOS} --prefix ${TEMP}/
 if(r)
   message(FATAL_ERROR "a instalação falhou")
 endif()
-execute_process(COMMAND ${CMAKE_COMMAND} -S ${FONTE} -B ${TEMP}/b -DCMAKE_PREFIX_PATH=${TEMP}/prefixo
+# O mesmo gerador da compilação que se testa (o make nem sempre está instalado).
+execute_process(COMMAND ${CMAKE_COMMAND} -S ${FONTE} -B ${TEMP}/b -G ${GERADOR} -DCMAKE_PREFIX_PATH=${TEMP}/prefixo
                         -DCMAKE_BUILD_TYPE=Release RESULT_VARIABLE r OUTPUT_QUIET)
 if(r)
   message(FATAL_ERROR "find_package(TavruGis) falhou")
