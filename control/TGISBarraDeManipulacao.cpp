@@ -1,5 +1,7 @@
 #include "control/TGISBarraDeManipulacao.h"
 
+#include "core/Arredondar.h"
+
 #include "control/TGis.h"
 #include "core/TGISProjecao.h"
 #include "platform/TCanvas.h"
@@ -149,7 +151,7 @@ void TGISBarraDeManipulacao::GISMouseMove(const TPoint &ponto)
         const TGISPosicao antes = projecao.TelaParaMundo(FPontoPressionado);
         // Em 64 bits, levado à faixa de 32: arrastar sem parar para um lado não estoura o centro.
         auto mover = [](std::int64_t centro, std::int64_t aqui, std::int64_t antes) {
-            return static_cast<std::int32_t>(std::clamp<std::int64_t>(centro - (aqui - antes), INT32_MIN, INT32_MAX));
+            return Saturar32(centro - (aqui - antes));
         };
         const TGISPosicao centro = projecao.Centro();
         projecao.AtribuirCentro(GISPosicao(mover(centro.Latitude, aqui.Latitude, antes.Latitude),

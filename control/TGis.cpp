@@ -24,17 +24,6 @@
 
 namespace tavru {
 
-namespace {
-
-/// Uma coordenada calculada em 64 bits levada à faixa de 32: posições fora do mundo (um documento
-/// pode dá-las em inteiros crus) não estouram.
-std::int32_t Limitar32(std::int64_t v)
-{
-    return static_cast<std::int32_t>(std::clamp<std::int64_t>(v, INT32_MIN, INT32_MAX));
-}
-
-} // namespace
-
 TGis::TGis(QWidget *parent)
     : QWidget(parent),
       FSeta(std::make_unique<TSeta>()),
@@ -424,7 +413,7 @@ void TGis::ZoomArea(const QString &nome, int indice)
     if (!objeto) // um lugar vazio da lista não tem extensão
         return;
     const TGISRet a = objeto->Area();
-    auto mais = [](std::int32_t v, int d) { return Limitar32(std::int64_t(v) + d); };
+    auto mais = [](std::int32_t v, int d) { return Saturar32(std::int64_t(v) + d); };
     FProjecao->FitToRect(GISRet(mais(a.Pos1.Latitude, -10), mais(a.Pos1.Longitude, -10), mais(a.Pos2.Latitude, 10),
                                 mais(a.Pos2.Longitude, 10)));
 }
@@ -460,7 +449,7 @@ void TGis::VisualizarObjeto(TGISObjeto *objeto, bool centralizar, int percentual
         const std::int64_t dLon =
             deslocamento(o.Pos1.Longitude, o.Pos2.Longitude, v.Pos1.Longitude, v.Pos2.Longitude);
         const TGISPosicao centro = projecao.Centro();
-        projecao.AtribuirCentro(GISPosicao(Limitar32(centro.Latitude + dLat), Limitar32(centro.Longitude + dLon)));
+        projecao.AtribuirCentro(GISPosicao(Saturar32(centro.Latitude + dLat), Saturar32(centro.Longitude + dLon)));
     }
     SelecionarObjeto(objeto);
 }

@@ -1,9 +1,12 @@
 #pragma once
 /// \file
-/// O arredondamento do projeto: ao inteiro mais próximo, empates para o par.
+/// O arredondamento do projeto: ao inteiro mais próximo, empates para o par; e a volta de contas
+/// de 64 bits à faixa das coordenadas de 32.
 
+#include <algorithm>
 #include <climits>
 #include <cmath>
+#include <cstdint>
 #if (defined(__SSE2__) || defined(_M_X64)) && !defined(TAVRU_SEM_SIMD)
 #  include <emmintrin.h>
 #endif
@@ -25,6 +28,14 @@ inline int Arredondar(double v)
         return INT_MIN;
     return static_cast<int>(r);
 #endif
+}
+
+/// O valor levado à faixa de 32 bits, limitado nas pontas (nunca dá a volta). Contas com
+/// coordenadas do mundo ou da tela são feitas em 64 bits e voltam por aqui: um documento pode dar
+/// posições e tamanhos em inteiros crus, e somá-los em 32 bits estouraria.
+inline std::int32_t Saturar32(std::int64_t v)
+{
+    return static_cast<std::int32_t>(std::clamp<std::int64_t>(v, INT32_MIN, INT32_MAX));
 }
 
 } // namespace tavru

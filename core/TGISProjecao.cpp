@@ -1,5 +1,6 @@
 #include "core/TGISProjecao.h"
 
+#include "core/Arredondar.h"
 #include "core/TGISPosicaoList.h"
 #include "platform/Exception.h"
 
@@ -191,12 +192,12 @@ void TGISProjecao::AjustarAoRetangulo(const TGISRet &r)
 {
     TGISRet w = r;
     if (w.Pos1.Latitude == w.Pos2.Latitude) {
-        w.Pos1.Latitude -= 30;
-        w.Pos2.Latitude += 30;
+        w.Pos1.Latitude = Saturar32(std::int64_t(w.Pos1.Latitude) - 30);
+        w.Pos2.Latitude = Saturar32(std::int64_t(w.Pos2.Latitude) + 30);
     }
     if (w.Pos1.Longitude == w.Pos2.Longitude) {
-        w.Pos1.Longitude -= 30;
-        w.Pos2.Longitude += 30;
+        w.Pos1.Longitude = Saturar32(std::int64_t(w.Pos1.Longitude) - 30);
+        w.Pos2.Longitude = Saturar32(std::int64_t(w.Pos2.Longitude) + 30);
     }
     const TPoint s1 = MundoParaTela(w.Pos1);
     const TPoint s2 = MundoParaTela(w.Pos2);
@@ -212,8 +213,7 @@ void TGISProjecao::AjustarAoRetangulo(const TGISRet &r)
         DoAtribuirZoom(FZoom * fv);
     else if (dx > 0 && fh != 0.0)
         DoAtribuirZoom(FZoom * fh);
-    FCentro = GISPosicao(static_cast<std::int32_t>((std::int64_t(w.Pos1.Latitude) + w.Pos2.Latitude) / 2),
-                         static_cast<std::int32_t>((std::int64_t(w.Pos1.Longitude) + w.Pos2.Longitude) / 2));
+    FCentro = tavru::Centro(w);
 }
 
 } // namespace tavru

@@ -3,27 +3,16 @@
 #include "core/Arredondar.h"
 #include "platform/TProvedorDeDialogos.h"
 
-#include <algorithm>
 #include <cmath>
 #include <cstdint>
 
 namespace tavru {
 
-namespace {
-
-/// O valor de 64 bits levado à faixa de 32 (posições fora do mundo não estouram).
-std::int32_t Limitar32(long long v)
-{
-    return static_cast<std::int32_t>(std::clamp<long long>(v, INT32_MIN, INT32_MAX));
-}
-
-} // namespace
-
 TGISPosicao PosicaoAbsoluta(const TGISPosicao &d, const TGISPosicao &p, double cosO, double senO, bool semGiro)
 {
     if (semGiro)
-        return GISPosicao(Limitar32(static_cast<long long>(p.Latitude) + d.Latitude),
-                          Limitar32(static_cast<long long>(p.Longitude) + d.Longitude));
+        return GISPosicao(Saturar32(static_cast<long long>(p.Latitude) + d.Latitude),
+                          Saturar32(static_cast<long long>(p.Longitude) + d.Longitude));
     const double lat = d.Latitude;
     const double lon = d.Longitude;
     return GISPosicao(Arredondar(p.Latitude + lat * cosO + lon * senO),
@@ -40,7 +29,7 @@ TGISPosicao Deslocamento(const TGISPosicao &a, const TGISPosicao &p, double o)
     const long long dlat = static_cast<long long>(a.Latitude) - p.Latitude;
     const long long dlon = static_cast<long long>(a.Longitude) - p.Longitude;
     if (o == 0.0)
-        return GISPosicao(Limitar32(dlat), Limitar32(dlon));
+        return GISPosicao(Saturar32(dlat), Saturar32(dlon));
     const double c = std::cos(o);
     const double s = std::sin(o);
     return GISPosicao(Arredondar(dlat * c - dlon * s), Arredondar(dlon * c + dlat * s));

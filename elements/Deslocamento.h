@@ -6,8 +6,10 @@
 /// Do deslocamento (lat, lon), com a posição P e a orientação o (radianos, anti-horária), o ponto
 /// absoluto é (round(P.Lat + r sen(o + t)), round(P.Lon + r cos(o + t))), com r e t o raio e o
 /// ângulo do deslocamento; a conta usa a fórmula da soma de ângulos (mesmo resultado, sem
-/// `atan2`/`sqrt` por ponto). Com orientação zero a conta é inteira e exata. Resultados fora da
-/// faixa de 32 bits são limitados a ela.
+/// `atan2`/`sqrt` por ponto). Com orientação zero a conta é inteira e exata, e resultados fora da
+/// faixa de 32 bits são limitados a ela (`Saturar32`); com giro, o arredondamento de um resultado
+/// fora da faixa dá o "inteiro indefinido" de `Arredondar` (`INT_MIN`), nunca comportamento
+/// indefinido.
 
 #include "companions/geodesy/GISPosicao.h"
 #include "platform/Exportacao.h"

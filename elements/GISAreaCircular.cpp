@@ -4,6 +4,7 @@
 #include "companions/geodesy/Distancia.h"
 #include "companions/geodesy/Rumo.h"
 #include "core/TGISProjecao.h"
+#include "elements/GISArea.h"
 #include "platform/TCanvas.h"
 
 #include <cmath>
@@ -39,10 +40,7 @@ TColor TGISAreaCircular::ObterCor() const
 
 void TGISAreaCircular::AtualizarCores(const TTabelaDeCores &tabela)
 {
-    const TBrushStyle estilo = FPincel.Style;
-    Caneta().Color = tabela.ObterCor(IndiceCor());
-    FPincel.Color = tabela.ObterCor(FIndicePincel);
-    FPincel.Style = estilo;
+    AtualizarCoresComPincel(tabela, IndiceCor(), Caneta(), FIndicePincel, FPincel);
 }
 
 double TGISAreaCircular::Rumo() const

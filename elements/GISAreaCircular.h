@@ -50,8 +50,9 @@ public:
     void AtribuirCor(TColor cor) override;
     /// A cor do pincel.
     TColor ObterCor() const override;
-    /// A cor da caneta vem da tabela no `IndiceCor` e a do pincel no `IndicePincel`, cada uma
-    /// caindo na cor padrão da tabela quando o índice está fora dela; o estilo do pincel fica.
+    /// Como a área (`AtualizarCoresComPincel`): a cor da caneta vem da tabela no `IndiceCor` e a do
+    /// pincel no `IndicePincel`, cada uma caindo na cor padrão da tabela quando o índice está fora
+    /// dela; o estilo do pincel fica.
     void AtualizarCores(const TTabelaDeCores &tabela) override;
     /// Centra no ponto clicado, com `RaioMenor` = distância de 10 pixels / 35.0, `RaioMaior` =
     /// distância de 20 pixels / 35.0 (o divisor é mantido de propósito: a figura nova é pequena),

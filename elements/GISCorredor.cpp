@@ -7,6 +7,7 @@
 #include "platform/TCanvas.h"
 
 #include <cmath>
+#include <cstdint>
 
 namespace tavru {
 
@@ -27,9 +28,10 @@ TSegmento Deslocado(const TPoint &a, const TPoint &b, double w)
 {
     const double angulo = std::atan2(static_cast<double>(a.Y) - b.Y, static_cast<double>(a.X) - b.X)
         + 3.14159265358979323846 / 2;
-    const int dx = Arredondar(std::cos(angulo) * w);
-    const int dy = Arredondar(std::sin(angulo) * w);
-    return TSegmento{TPoint(a.X + dx, a.Y + dy), TPoint(b.X + dx, b.Y + dy)};
+    const std::int64_t dx = Arredondar(std::cos(angulo) * w);
+    const std::int64_t dy = Arredondar(std::sin(angulo) * w);
+    const auto mover = [&](const TPoint &p) { return TPoint(Saturar32(p.X + dx), Saturar32(p.Y + dy)); };
+    return TSegmento{mover(a), mover(b)};
 }
 
 /// Um lado do contorno, de `a` a `b` (em qualquer sentido; `a` diferente de `b`).

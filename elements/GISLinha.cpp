@@ -6,10 +6,10 @@
 #include "core/TGISProjecao.h"
 #include "platform/Exception.h"
 #include "platform/TCanvas.h"
-#include "platform/TProvedorDeDialogos.h"
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <cstdlib>
 
 namespace tavru {
@@ -197,8 +197,8 @@ void TGISLinha::AjustarAoRetangulo(const TGISRet &retangulo)
         TGISPosicaoList &lista = *FPontos.Items(i);
         TGISPosicao *p = lista.Dados();
         for (int j = 0; j < lista.Count(); ++j)
-            p[j] = GISPosicao(Arredondar((p[j].Latitude - c1.Latitude) / sLat + c2.Latitude),
-                              Arredondar((p[j].Longitude - c1.Longitude) / sLon + c2.Longitude));
+            p[j] = GISPosicao(Arredondar((double(p[j].Latitude) - c1.Latitude) / sLat + c2.Latitude),
+                              Arredondar((double(p[j].Longitude) - c1.Longitude) / sLon + c2.Longitude));
     }
 }
 
@@ -210,7 +210,7 @@ void TGISLinha::AjustarCentro()
     const TGISPosicao c = Centro(FLimites);
     // Cada deslocamento passa a ser contado do centro: d + (P - C), sem giro.
     const TGISPosicao p = Posicao();
-    const TGISPosicao pc = GISPosicao(p.Latitude - c.Latitude, p.Longitude - c.Longitude);
+    const TGISPosicao pc = Deslocamento(p, c, 0.0);
     for (int i = 0; i < FPontos.Count(); ++i) {
         TGISPosicaoList &lista = *FPontos.Items(i);
         TGISPosicao *d = lista.Dados();
@@ -243,7 +243,8 @@ void DesenharOtimizado(TCanvas &canvas, const TPoint *pontos, int ultimo, bool a
     mantidos.push_back(anterior);
     for (int i = 1; i <= ultimo; ++i) {
         const TPoint &p = pontos[i];
-        if (std::abs(p.X - anterior.X) < 2 && std::abs(p.Y - anterior.Y) < 2)
+        // Em 64 bits: longe da tela, a projeção dá pixels na ponta da faixa de 32.
+        if (std::llabs(std::int64_t(p.X) - anterior.X) < 2 && std::llabs(std::int64_t(p.Y) - anterior.Y) < 2)
             continue;
         mantidos.push_back(p);
         anterior = p;

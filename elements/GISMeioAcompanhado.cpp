@@ -34,8 +34,7 @@ TGISMeioAcompanhado::~TGISMeioAcompanhado() = default;
 
 void TGISMeioAcompanhado::Desenhar(TCanvas &canvas, const TGISProjecao &projecao, bool selecionado)
 {
-    ObterAreaDesenho(projecao);
-    TGISPonto::Desenhar(canvas, projecao, selecionado);
+    TGISPonto::Desenhar(canvas, projecao, selecionado); // faz o leiaute do ponto
     if (FIndicadorRumo != 0.0)
         DesenharRumo(canvas, projecao);
     if (!FPlacaOculta)

@@ -1,6 +1,7 @@
 #include "elements/GISPonto.h"
 
 #include "companions/symbology/TTabelaDeSimbolos.h"
+#include "core/Arredondar.h"
 #include "core/TGISProjecao.h"
 #include "platform/TCanvas.h"
 
@@ -66,8 +67,9 @@ std::unordered_map<TChaveCarimbo, TCarimbo, THashCarimbo> &Carimbos()
 /// As figuras simples, desenhadas só com caneta e pincel.
 void DesenharFiguraSimples(TCanvas &canvas, TForma forma, const TRect &r)
 {
-    const int cx = (r.Left + r.Right) / 2;
-    const int cy = (r.Top + r.Bottom) / 2;
+    const TPoint centro = Centro(r); // (Left + Right) div 2, sem estourar
+    const int cx = centro.X;
+    const int cy = centro.Y;
     switch (forma) {
     case gisCruz:
         canvas.MoveTo(cx, r.Top);
@@ -124,7 +126,7 @@ bool PodeCarimbar(const TCanvas &canvas, const TRect &r)
     // Uma figura cortada pela borda da imagem é rasterizada depois do recorte, o que pode mudar um
     // pixel da borda: essa vai direto (são poucas).
     const int m = caneta + 2;
-    return r.Left - m >= 0 && r.Top - m >= 0 && r.Right + m < imagem->width() && r.Bottom + m < imagem->height();
+    return r.Left >= m && r.Top >= m && r.Right < imagem->width() - m && r.Bottom < imagem->height() - m;
 }
 
 /// Desenha a figura por um carimbo (criado na primeira vez).
@@ -153,7 +155,7 @@ void Carimbar(TCanvas &canvas, TForma forma, const TRect &r)
     }
     canvas.Draw(r.Left - it->second.Margem, r.Top - it->second.Margem, it->second.Imagem);
     if (forma == gisCruz)
-        canvas.SetPenPos(TPoint(r.Right, (r.Top + r.Bottom) / 2));
+        canvas.SetPenPos(TPoint(r.Right, Centro(r).Y));
 }
 
 } // namespace
@@ -189,37 +191,34 @@ bool TGISPonto::ConfiguracaoPadrao(const TGISProjecao &projecao, const TPoint &p
 TGISRet TGISPonto::AreaNoMundo() const
 {
     const TGISPosicao p = Posicao();
-    const std::int32_t lat = p.Latitude - FTamanhoNoMundo.Latitude / 2;
-    const std::int32_t lon = p.Longitude - FTamanhoNoMundo.Longitude / 2;
-    return GISRet(lat, lon, lat + FTamanhoNoMundo.Latitude, lon + FTamanhoNoMundo.Longitude);
+    const std::int64_t lat = std::int64_t(p.Latitude) - FTamanhoNoMundo.Latitude / 2;
+    const std::int64_t lon = std::int64_t(p.Longitude) - FTamanhoNoMundo.Longitude / 2;
+    return GISRet(Saturar32(lat), Saturar32(lon), Saturar32(lat + FTamanhoNoMundo.Latitude),
+                  Saturar32(lon + FTamanhoNoMundo.Longitude));
 }
 
 TRect TGISPonto::ObterAreaDesenho(const TGISProjecao &projecao)
 {
     const TRect tela = ConcertaRect(projecao.MundoParaTelaRet(AreaNoMundo()));
     const TPoint c = Centro(tela);
-    int largura;
-    int altura;
+    std::int64_t largura;
+    std::int64_t altura;
     if (FTamanhoMaximo == FTamanhoMinimo) {
         largura = FTamanhoMinimo.X;
         altura = FTamanhoMinimo.Y;
     } else {
-        largura = tela.Right - tela.Left;
-        if (largura < FTamanhoMinimo.X)
-            largura = FTamanhoMinimo.X;
-        if (largura > FTamanhoMaximo.X)
-            largura = FTamanhoMaximo.X;
-        altura = tela.Bottom - tela.Top;
-        if (altura < FTamanhoMinimo.Y)
-            altura = FTamanhoMinimo.Y;
-        if (altura > FTamanhoMaximo.Y)
-            altura = FTamanhoMaximo.Y;
+        // Levado primeiro ao mínimo e depois ao máximo, nessa ordem.
+        largura = std::min<std::int64_t>(std::max<std::int64_t>(std::int64_t(tela.Right) - tela.Left, FTamanhoMinimo.X),
+                                         FTamanhoMaximo.X);
+        altura = std::min<std::int64_t>(std::max<std::int64_t>(std::int64_t(tela.Bottom) - tela.Top, FTamanhoMinimo.Y),
+                                        FTamanhoMaximo.Y);
     }
+    // Em 64 bits: longe da tela, a projeção dá pixels na ponta da faixa de 32.
     TRect r;
-    r.Left = c.X - largura / 2;
-    r.Right = r.Left + largura;
-    r.Top = c.Y - altura / 2;
-    r.Bottom = r.Top + altura;
+    r.Left = Saturar32(c.X - largura / 2);
+    r.Right = Saturar32(r.Left + largura);
+    r.Top = Saturar32(c.Y - altura / 2);
+    r.Bottom = Saturar32(r.Top + altura);
     FAreaDesenho = ConcertaRect(projecao.TelaParaMundoRet(r));
     return r;
 }

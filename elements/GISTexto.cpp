@@ -90,8 +90,7 @@ void TGISTexto::MedirTexto(int &largura, int &altura) const
 {
     if (TCanvas *canvas = CanvasDaAplicacao()) {
         canvas->Font().Assign(FFonte);
-        largura = canvas->TextWidth(FTexto);
-        altura = canvas->TextWidth(FTexto); // a largura de novo, de propósito
+        largura = altura = canvas->TextWidth(FTexto); // a altura é a largura, de propósito
         return;
     }
     largura = 12 * static_cast<int>(FTexto.size());

@@ -22,7 +22,7 @@ namespace tavru {
 /// vale a regra de 12 pixels por caractere (largura 12 × comprimento, altura 12).
 ///
 /// Mantido de propósito, porque mapas guardados dependem da aparência:
-/// - a altura da extensão medida é a largura do texto (a largura é medida duas vezes);
+/// - a altura da extensão medida é a largura do texto (nenhuma altura de texto é usada);
 /// - o canvas de medida e o canvas de desenho ficam com a fonte do texto depois de usados;
 /// - `AlinhamentoVertical` 1 se comporta como 0 e o valor 2 centra na horizontal (ver
 ///   `BandeirasDeAlinhamento`);

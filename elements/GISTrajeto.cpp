@@ -7,7 +7,6 @@
 #include "elements/GISLinha.h"
 #include "platform/Exception.h"
 #include "platform/TCanvas.h"
-#include "platform/TProvedorDeDialogos.h"
 
 #include <cmath>
 #include <memory>
@@ -69,24 +68,29 @@ void TGISTrajeto::InserirPosicao(int indice, const TGISPosicao &posicao)
     AtribuirGISPosicao(indice, posicao);
 }
 
+template <typename F>
+void TGISTrajeto::ParaCadaAbsoluta(int ultimo, F f) const
+{
+    // O seno e o cosseno da orientação uma vez só, não um par por vértice.
+    const TGISPosicao p = Posicao();
+    const double o = Orientacao();
+    const double c = std::cos(o);
+    const double s = std::sin(o);
+    for (int i = 0; i <= ultimo; ++i)
+        f(i, PosicaoAbsoluta(FPontos.ObterPonto(i)->Posicao(), p, c, s, o == 0.0));
+}
+
 void TGISTrajeto::CalcularLimites()
 {
-    if (FPontos.IsEmpty()) {
-        FLimites = GISRet(0, 0, 0, 0);
-        return;
-    }
-    const TGISPosicao primeiro = ObterGISPosicao(0);
-    FLimites = TGISRet{primeiro, primeiro};
-    for (int i = 0; i < FPontos.Count(); ++i) {
-        const TGISPosicao p = ObterGISPosicao(i);
-        FLimites = Uniao(TGISRet{p, p}, FLimites);
-    }
+    FLimites = GISRet(0, 0, 0, 0);
+    ParaCadaAbsoluta(FPontos.Count() - 1, [this](int i, const TGISPosicao &a) {
+        FLimites = i == 0 ? TGISRet{a, a} : Uniao(TGISRet{a, a}, FLimites);
+    });
 }
 
 void TGISTrajeto::AjustarPontos(const TGISProjecao &projecao, TPoint *pontos, int ultimo) const
 {
-    for (int i = 0; i <= ultimo; ++i)
-        pontos[i] = projecao.MundoParaTela(ObterGISPosicao(i));
+    ParaCadaAbsoluta(ultimo, [&](int i, const TGISPosicao &a) { pontos[i] = projecao.MundoParaTela(a); });
 }
 
 void TGISTrajeto::AjustarPontos(const TGISProjecao &projecao, std::vector<TPoint> &pontos) const

@@ -98,6 +98,9 @@ public:
     TGISRet Limites() const { return FLimites; }
 
 private:
+    /// Chama `f(i, posição absoluta do vértice i)` para i de 0 a `ultimo`.
+    template <typename F>
+    void ParaCadaAbsoluta(int ultimo, F f) const;
 
     TGISPontosTrajeto FPontos;
     TGISRet FLimites;

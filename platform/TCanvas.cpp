@@ -3,6 +3,9 @@
 #include <QFontMetrics>
 #include <QPainter>
 
+#include <algorithm>
+#include <cstdlib>
+
 namespace tavru {
 
 static_assert(sizeof(TPoint) == sizeof(QPoint) && alignof(TPoint) == alignof(QPoint),
@@ -103,20 +106,26 @@ void TCanvas::Polygon(const TPoint *pontos, int quantidade)
         p->drawPolygon(ComoQPoints(pontos), quantidade);
 }
 
+namespace {
+// O retângulo do contorno de uma figura de (x1, y1)-(x2, y2) com direita e base exclusivas: uma
+// caneta de 1 pixel pinta de left a left + width, inclusive. Os cantos vêm em qualquer ordem.
+QRect Contorno(int x1, int y1, int x2, int y2)
+{
+    const auto lado = [](int a, int b) { return static_cast<int>(std::max<long long>(0, std::llabs(1LL * b - a) - 1)); };
+    return QRect(std::min(x1, x2), std::min(y1, y2), lado(x1, x2), lado(y1, y2));
+}
+} // namespace
+
 void TCanvas::Ellipse(int x1, int y1, int x2, int y2)
 {
-    if (QPainter *p = Preparar()) {
-        const QRect r = QRect(QPoint(x1, y1), QPoint(x2, y2)).normalized();
-        p->drawEllipse(QRect(r.left(), r.top(), std::max(0, r.width() - 2), std::max(0, r.height() - 2)));
-    }
+    if (QPainter *p = Preparar())
+        p->drawEllipse(Contorno(x1, y1, x2, y2));
 }
 
 void TCanvas::Rectangle(int x1, int y1, int x2, int y2)
 {
-    if (QPainter *p = Preparar()) {
-        const QRect r = QRect(QPoint(x1, y1), QPoint(x2, y2)).normalized();
-        p->drawRect(QRect(r.left(), r.top(), std::max(0, r.width() - 2), std::max(0, r.height() - 2)));
-    }
+    if (QPainter *p = Preparar())
+        p->drawRect(Contorno(x1, y1, x2, y2));
 }
 
 void TCanvas::FillRect(const TRect &r)
@@ -127,34 +136,36 @@ void TCanvas::FillRect(const TRect &r)
 
 void TCanvas::TextOut(int x, int y, const QString &texto)
 {
-    const int largura = TextWidth(texto);
     QPainter *p = Preparar();
-    if (p && !texto.isEmpty()) {
-        const QFontMetrics m(p->font());
-        const int h = m.height();
-        int dx = 0;
-        switch (FTextAlign & TA_CENTER) {
-        case TA_RIGHT: dx = -largura; break;
-        case TA_CENTER: dx = -largura / 2; break;
-        default: break;
-        }
-        int dy = 0; // topo da célula do texto
-        switch (FTextAlign & TA_BASELINE) {
-        case TA_BOTTOM: dy = -h; break;
-        case TA_BASELINE: dy = -m.ascent(); break;
-        default: break;
-        }
-        p->save();
-        p->translate(x, y);
-        if (FFont.Escapement != 0)
-            p->rotate(-FFont.Escapement / 10.0);
-        const QRect celula(dx, dy, largura, h);
-        if (FBrush.Style != bsClear && FBrush.Color != clNone)
-            p->fillRect(celula, ParaQColor(FBrush.Color));
-        p->setPen(ParaQColor(FFont.Color));
-        p->drawText(dx, dy + m.ascent(), texto);
-        p->restore();
+    if (!p || texto.isEmpty()) {
+        FPenPos = TPoint(x + TextWidth(texto), y);
+        return;
     }
+    const QFontMetrics m(p->font());
+    const int largura = m.horizontalAdvance(texto);
+    const int h = m.height();
+    int dx = 0;
+    switch (FTextAlign & TA_CENTER) {
+    case TA_RIGHT: dx = -largura; break;
+    case TA_CENTER: dx = -largura / 2; break;
+    default: break;
+    }
+    int dy = 0; // topo da célula do texto
+    switch (FTextAlign & TA_BASELINE) {
+    case TA_BOTTOM: dy = -h; break;
+    case TA_BASELINE: dy = -m.ascent(); break;
+    default: break;
+    }
+    p->save();
+    p->translate(x, y);
+    if (FFont.Escapement != 0)
+        p->rotate(-FFont.Escapement / 10.0);
+    const QRect celula(dx, dy, largura, h);
+    if (FBrush.Style != bsClear && FBrush.Color != clNone)
+        p->fillRect(celula, ParaQColor(FBrush.Color));
+    p->setPen(ParaQColor(FFont.Color));
+    p->drawText(dx, dy + m.ascent(), texto);
+    p->restore();
     FPenPos = TPoint(x + largura, y);
 }
 
@@ -163,11 +174,8 @@ void TCanvas::TextRect(const TRect &r, int x, int y, const QString &texto)
     if (QPainter *p = Preparar()) {
         p->save();
         p->setClipRect(r.ParaQRect());
-        const unsigned alinhamento = SetTextAlign(TA_LEFT | TA_TOP);
         p->setPen(ParaQColor(FFont.Color));
-        const QFontMetrics m(p->font());
-        p->drawText(x, y + m.ascent(), texto);
-        SetTextAlign(alinhamento);
+        p->drawText(x, y + QFontMetrics(p->font()).ascent(), texto);
         p->restore();
     }
 }

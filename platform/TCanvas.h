@@ -80,16 +80,19 @@ public:
     virtual void Polyline(const TPoint *pontos, int quantidade);
     /// Polígono preenchido com o pincel e contornado com a caneta; fecha sozinho.
     virtual void Polygon(const TPoint *pontos, int quantidade);
-    /// Elipse inscrita no retângulo (x1, y1)-(x2, y2), direita e base exclusivas.
+    /// Elipse inscrita no retângulo (x1, y1)-(x2, y2), direita e base exclusivas; cantos em
+    /// qualquer ordem dão a mesma figura.
     virtual void Ellipse(int x1, int y1, int x2, int y2);
+    /// Retângulo preenchido e contornado, como `Ellipse`.
     virtual void Rectangle(int x1, int y1, int x2, int y2);
     /// Preenche o retângulo com o pincel, sem contorno.
     virtual void FillRect(const TRect &r);
-    /// Escreve o texto no ponto de referência (x, y) com a fonte, o alinhamento e o escapamento
-    /// correntes; o fundo é pintado com o pincel salvo quando ele é `bsClear`. Move a caneta para o
-    /// fim do texto.
+    /// Escreve o texto no ponto de referência (x, y) com a fonte (e a cor dela), o alinhamento e o
+    /// escapamento correntes; o fundo da célula do texto é pintado com a cor do pincel, a menos que
+    /// ele seja `bsClear`. Move a caneta para (x + largura do texto, y).
     virtual void TextOut(int x, int y, const QString &texto);
-    /// Escreve o texto em (x, y) recortado ao retângulo.
+    /// Escreve o texto com o canto superior esquerdo em (x, y), recortado ao retângulo (o
+    /// alinhamento de `TextOut` não vale aqui).
     virtual void TextRect(const TRect &r, int x, int y, const QString &texto);
     /// Desenha a imagem esticada no retângulo.
     virtual void StretchDraw(const TRect &r, const QImage &imagem);

@@ -30,4 +30,16 @@ QFont TFont::ParaQFont() const
     return fonte;
 }
 
+void TFont::AtribuirQFont(const QFont &fonte)
+{
+    Name = fonte.family();
+    SetHeight(-(fonte.pixelSize() > 0 ? fonte.pixelSize()
+                                       : static_cast<int>(std::lround(fonte.pointSizeF() * PixelsPorPolegada / 72.0))));
+    Style = 0;
+    if (fonte.bold()) Style |= Estilo(fsBold);
+    if (fonte.italic()) Style |= Estilo(fsItalic);
+    if (fonte.underline()) Style |= Estilo(fsUnderline);
+    if (fonte.strikeOut()) Style |= Estilo(fsStrikeOut);
+}
+
 } // namespace tavru

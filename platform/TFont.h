@@ -42,6 +42,9 @@ public:
     void Assign(const TFont &outra) { *this = outra; }
     /// A `QFont` equivalente (tamanho em pixels, sem a rotação: o canvas gira o texto).
     QFont ParaQFont() const;
+    /// Toma de `fonte` o nome, a altura (pixels; uma fonte dada em pontos é convertida a
+    /// `PixelsPorPolegada`) e o estilo. Cor, conjunto de caracteres e escapamento ficam.
+    void AtribuirQFont(const QFont &fonte);
 
     friend bool operator==(const TFont &a, const TFont &b)
     {

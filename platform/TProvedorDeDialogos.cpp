@@ -58,9 +58,15 @@ QString TDialogosQt::FiltroQt(const QString &filtro)
     const QStringList partes = filtro.split(QLatin1Char('|'));
     QStringList pares;
     for (int i = 0; i + 1 < partes.size(); i += 2) {
+        // O Qt lê os padrões do último parêntese, separados por espaço: o da descrição da casa
+        // ("Arquivos XML (*.xml)") dá lugar a ele, para não aparecer duas vezes.
+        QString descricao = partes[i];
+        const qsizetype abre = descricao.lastIndexOf(QStringLiteral(" ("));
+        if (abre > 0 && descricao.endsWith(QLatin1Char(')')))
+            descricao.truncate(abre);
         QString padroes = partes[i + 1];
         padroes.replace(QLatin1Char(';'), QLatin1Char(' '));
-        pares << partes[i] + QStringLiteral(" (") + padroes + QLatin1Char(')');
+        pares << descricao + QStringLiteral(" (") + padroes + QLatin1Char(')');
     }
     return pares.join(QStringLiteral(";;"));
 }
@@ -104,14 +110,7 @@ bool TDialogosQt::EscolherFonte(TFont &fonte)
     const QFont f = QFontDialog::getFont(&ok, fonte.ParaQFont(), JanelaAtiva());
     if (!ok)
         return false;
-    fonte.Name = f.family();
-    fonte.SetHeight(-f.pixelSize() > 0 ? -f.pixelSize() : -static_cast<int>(f.pointSizeF() * 96 / 72 + 0.5));
-    TFontStyles estilo = 0;
-    if (f.bold()) estilo |= Estilo(fsBold);
-    if (f.italic()) estilo |= Estilo(fsItalic);
-    if (f.underline()) estilo |= Estilo(fsUnderline);
-    if (f.strikeOut()) estilo |= Estilo(fsStrikeOut);
-    fonte.Style = estilo;
+    fonte.AtribuirQFont(f);
     return true;
 }
 

@@ -62,7 +62,8 @@ public:
     bool EscolherFonte(TFont &fonte) override;
     bool Mensagem(const QString &texto, const QString &titulo, TTipoMensagem tipo) override;
 
-    /// O filtro da casa no formato do `QFileDialog` ("desc (*.a *.b);;...").
+    /// O filtro da casa no formato do `QFileDialog` ("desc (*.a *.b);;..."): os padrões de cada
+    /// par, separados por espaço, tomam o lugar de um parêntese no fim da descrição.
     static QString FiltroQt(const QString &filtro);
 };
 

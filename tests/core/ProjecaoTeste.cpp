@@ -147,6 +147,10 @@ TEST(Mercator, FitToRect)
     q.AtribuirZoom(50000);
     q.FitToRect(GISRet(-3, -5, 0, 0));
     EXPECT_EQ(q.Centro(), GISPosicao(-1, -2));
+    // Um ponto na ponta dos 32 bits (um documento pode dá-lo cru) é alargado sem dar a volta.
+    q.AtribuirCentro(GISPosicao(INT32_MAX, INT32_MIN));
+    q.FitToRect(GISRet(INT32_MAX, INT32_MIN, INT32_MAX, INT32_MIN));
+    EXPECT_EQ(q.Centro(), GISPosicao(INT32_MAX - 15, INT32_MIN + 15));
 
     // Só um eixo com tamanho na tela: usa o fator desse eixo.
     TGISProjecaoMercator s;
@@ -168,8 +172,9 @@ TEST(Mercator, VisivelSoRecusaOQueOTesteExatoRecusa)
         const int lat = canto(aleatorio), lon = canto(aleatorio);
         const TGISRet r = GISRet(lat, lon, lat + lado(aleatorio), lon + lado(aleatorio));
         const bool exato = Intersecao(p.MundoParaTelaRet(r), tela);
-        if (exato)
+        if (exato) {
             ASSERT_TRUE(p.Visivel(r)) << lat << " " << lon;
+        }
         recusados += !p.Visivel(r);
     }
     EXPECT_GT(recusados, 10000) << "o teste barato recusa a maior parte do que está fora";

@@ -111,5 +111,10 @@ TEST(Corredor, FaixaSimetricaEDobraQueJuntaODentroEAbreOFora)
     // Volta (direita, lado de fora): as bordas não se encontram e são ligadas ponta a ponta.
     const std::vector<TPoint> volta(dobra.begin() + 3, dobra.end());
     EXPECT_EQ(volta, (std::vector<TPoint>{TPoint(320, 300), TPoint(320, 500), TPoint(300, 520), TPoint(100, 520)}));
+    // Pixels na ponta da faixa de 32 bits (longe da tela): as bordas saturam em vez de dar a volta.
+    const TPoint longe[] = {TPoint(INT32_MAX - 5, 0), TPoint(INT32_MAX - 5, 100)};
+    TGISCorredor::Contorno(longe, 1, 10.0, 10.0, dobra);
+    EXPECT_EQ(dobra, (std::vector<TPoint>{TPoint(INT32_MAX, 0), TPoint(INT32_MAX, 100), TPoint(INT32_MAX - 15, 100),
+                                          TPoint(INT32_MAX - 15, 0)}));
 }
 

@@ -112,8 +112,11 @@ TEST(Linha, DesenharOtimizadoMedeDoUltimoPontoMantido)
     DesenharOtimizado(canvas, p, 0, true);
     const TPoint q[] = {TPoint(0, 0), TPoint(2, 0), TPoint(2, 1)}; // 2 pixels num eixo já contam
     DesenharOtimizado(canvas, q, 2, true);
+    const TPoint longe[] = {TPoint(INT32_MIN, INT32_MIN), TPoint(0, 0)}; // pixel na ponta da faixa
+    DesenharOtimizado(canvas, longe, 1, true);
     EXPECT_EQ(canvas.Resumo(), QStringLiteral("Polyline 10,10 12,12 30,30; Polygon 10,10 12,12 30,30; "
-                                              "Polyline 10,10; Polyline 0,0 2,0"));
+                                              "Polyline 10,10; Polyline 0,0 2,0; "
+                                              "Polyline -2147483648,-2147483648 0,0"));
 }
 
 // O diálogo do número de pontos é o mesmo da área e da trajetória: conferido por inteiro aqui.

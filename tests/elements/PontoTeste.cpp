@@ -66,6 +66,10 @@ TEST(Ponto, AreaAntesEDepoisDoDesenho)
     EXPECT_EQ(ponto.Area(), GISRet(-4000, -6000, 6000, 4000));
     ponto.AtribuirTamanhoNoMundo(GISPosicao(7, 101)); // metades truncadas
     EXPECT_EQ(ponto.Area(), GISRet(997, -1050, 1004, -949));
+    TGISPonto ponta; // posição crua de um documento, na ponta dos 32 bits: a extensão satura
+    ponta.AtribuirPosicao(GISPosicao(INT32_MAX - 10, INT32_MIN + 10));
+    ponta.AtribuirTamanhoNoMundo(GISPosicao(100, 100));
+    EXPECT_EQ(ponta.Area(), GISRet(INT32_MAX - 60, INT32_MIN, INT32_MAX, INT32_MIN + 60));
 
     TProjecaoUmPorUm projecao;
     ponto.AtribuirPosicao(GISPosicao(10, 20));

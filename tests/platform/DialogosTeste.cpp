@@ -37,4 +37,5 @@ TEST(Dialogos, FiltrosDaCasaViramFiltrosDoQt)
     EXPECT_EQ(TProvedorDeDialogos::ParDoFiltro(filtro, 4), QString());
     EXPECT_EQ(TProvedorDeDialogos::ParDoFiltro(filtro, 0), QString());
     EXPECT_EQ(TDialogosQt::FiltroQt("XML|*.xml;*.XML|Todos|*.*"), "XML (*.xml *.XML);;Todos (*.*)");
+    EXPECT_EQ(TDialogosQt::FiltroQt("Arquivos XML (*.xml;*.XML)|*.xml;*.XML"), "Arquivos XML (*.xml *.XML)");
 }

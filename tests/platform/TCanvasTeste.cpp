@@ -36,6 +36,17 @@ TEST(Cores, LeiauteBGREFonteEmPontosEPixels)
     EXPECT_EQ(f.Height(), -16);
     f.SetHeight(-24);
     EXPECT_EQ(f.Size(), 18);
+    f.Style = Estilo(fsBold);
+    f.Color = clRed;
+    for (const QFont &q : {f.ParaQFont(), QFont(QStringLiteral("DejaVu Serif"), 18, QFont::Bold)}) {
+        TFont volta; // o diálogo de fonte devolve tamanhos em pixels ou em pontos
+        volta.AtribuirQFont(q);
+        EXPECT_EQ(volta.Height(), -24);
+        EXPECT_EQ(volta.Style, Estilo(fsBold));
+    }
+    f.AtribuirQFont(QFont(QStringLiteral("DejaVu Serif")));
+    EXPECT_EQ(f.Name, QStringLiteral("DejaVu Serif"));
+    EXPECT_EQ(f.Color, clRed) << "a cor não vem da QFont";
     EXPECT_EQ(ParaQtPenStyle(psClear), Qt::NoPen);
     EXPECT_EQ(ParaQtBrushStyle(bsDiagCross), Qt::DiagCrossPattern);
 }
@@ -58,6 +69,9 @@ TEST(Canvas, RetanguloEElipseExcluemDireitaEBase)
         EXPECT_EQ(c.Pixel(35, 25), clRed);
     }
     EXPECT_EQ(Tinta(img), QRect(QPoint(30, 20), QPoint(40, 30)));
+    img = Branca();
+    TCanvas(&img).Ellipse(41, 31, 30, 20);
+    EXPECT_EQ(Tinta(img), QRect(QPoint(30, 20), QPoint(40, 30))) << "cantos em qualquer ordem";
 }
 
 TEST(Canvas, CanetaPincelEPosicao)
