@@ -103,6 +103,13 @@ void TTratadorDeArquivosXML::Ler(const QString &nomeArquivo)
     if (!r)
         ErroDeDocumento(QStringLiteral("O arquivo \"%1\"").arg(nomeArquivo), r);
     const pugi::xml_node raiz = documento.document_element();
+    // Durante a leitura, figuras com nome relativo se acham ao lado do documento.
+    struct TPastaDaLeitura
+    {
+        QString Anterior = xmlp::PastaDoDocumento();
+        explicit TPastaDaLeitura(const QString &pasta) { xmlp::PastaDoDocumento() = pasta; }
+        ~TPastaDaLeitura() { xmlp::PastaDoDocumento() = Anterior; }
+    } pasta(QFileInfo(nomeArquivo).absolutePath());
     if (raiz && QString::fromUtf8(raiz.name()).compare(TAG_RAIZ, Qt::CaseInsensitive) == 0)
         AtribuirXMLLista(Lista(), raiz);
     Lista().CalcularLimites();

@@ -76,8 +76,10 @@ public:
     /// (":/mapa/paises.xml"). A raiz é aceita quando o nome dela é
     /// `TAG_RAIZ` sem distinguir maiúsculas; outra raiz não lê nada nem levanta nada (e os
     /// limites ainda são recalculados). A lista não é esvaziada antes: ler duas vezes dobra a
-    /// lista. \throws EFilerError arquivo que não se lê, ou documento mal formado (nada é lido,
-    /// e a mensagem diz o motivo); EConvertError número inválido (o que já foi lido fica).
+    /// lista. O `Arquivo` relativo de uma imagem é procurado primeiro na pasta do documento e
+    /// depois na pasta de trabalho. \throws EFilerError arquivo que não se lê, ou documento mal
+    /// formado (nada é lido, e a mensagem diz o motivo); EConvertError número inválido (o que já
+    /// foi lido fica).
     void Ler(const QString &nomeArquivo) override;
     /// Grava a lista como documento, na codificação que `CABECALHO` declara, com fins de linha
     /// CR LF. O documento é montado inteiro antes e gravado num arquivo ao lado, que só então

@@ -22,6 +22,7 @@
 #include "xml/CodificacaoXML_p.h"
 #include "xml/ConfiguracaoXML.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <cstring>
 #include <vector>
@@ -185,8 +186,14 @@ void TTratadorDeArquivosXML::AtribuirXMLImagem(TGISImagem &imagem, const pugi::x
 {
     const char *v;
     if (Atributo(node, "Arquivo", v)) {
-        // Só um arquivo comum: um dispositivo ("/dev/zero") não é figura e não deve ser lido.
-        const QString arquivo = Texto(v);
+        // Um nome relativo vale primeiro ao lado do documento, depois na pasta de trabalho. Só um
+        // arquivo comum: um dispositivo ("/dev/zero") não é figura e não deve ser lido.
+        QString arquivo = Texto(v);
+        if (QFileInfo(arquivo).isRelative() && !PastaDoDocumento().isEmpty()) {
+            const QString aoLado = QDir(PastaDoDocumento()).filePath(arquivo);
+            if (QFileInfo(aoLado).isFile())
+                arquivo = aoLado;
+        }
         if (QFileInfo(arquivo).isFile())
             imagem.LerArquivo(arquivo);
     }

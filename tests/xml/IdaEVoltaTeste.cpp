@@ -156,6 +156,10 @@ TEST_F(IdaEVolta, ImagemComArquivoEModoDaTabela)
     TGISObjetoList volta;
     Volta(ida, volta);
     EXPECT_EQ(static_cast<TGISImagem *>(volta[0])->Imagem().size(), QSize(4, 3));
+    // Um nome relativo se acha ao lado do documento, qualquer que seja a pasta de trabalho.
+    TGISObjetoList relativa;
+    Ler(relativa, Documento("<Imagem Arquivo=\"figura.png\"/>"));
+    EXPECT_EQ(static_cast<TGISImagem *>(relativa[0])->Imagem().size(), QSize(4, 3));
     EXPECT_EQ(volta[1]->IndiceCor(), 2);
     EXPECT_EQ(static_cast<TGISArea *>(volta[1])->IndicePincel(), 5);
 }
