@@ -1,6 +1,7 @@
 #include "core/TGISObjetoList.h"
 
 #include "core/TClasseTratador.h"
+#include "core/TGISTratadorDeArquivo.h"
 #include "platform/Exception.h"
 
 #include <algorithm>

@@ -2,6 +2,7 @@
 /// \file
 /// A lista dona de objetos do mapa, e o registro de tratadores de arquivo.
 
+#include "core/TClasseTratador.h"
 #include "companions/geodesy/GISPosicao.h"
 #include "core/TGISObjeto.h"
 #include "core/TRegistro.h"
@@ -13,7 +14,6 @@
 
 namespace tavru {
 
-class TClasseTratador;
 
 /// Lista de objetos do mapa que os possui (`Remove`, `Delete`, `Clear` e a destruição liberam;
 /// `Extract` devolve sem liberar), com a extensão calculada, a busca por campo de informação e a

@@ -2,13 +2,13 @@
 /// \file
 /// Registro de um tratador de arquivo pela vida de um objeto estático.
 
+#include "core/TClasseTratador.h"
 #include "platform/Exportacao.h"
 
 #include <QString>
 
 namespace tavru {
 
-class TClasseTratador;
 
 /// Registra um tratador ao ser construído e remove o registro ao ser destruído. Um objeto estático
 /// deste tipo na fonte de um tratador faz o registro na carga da biblioteca e o desfaz na

@@ -2,11 +2,11 @@
 /// \file
 /// Uma entrada do registro de tratadores de arquivo.
 
+#include "core/TClasseTratador.h"
+
 #include <QString>
 
 namespace tavru {
-
-class TClasseTratador;
 
 /// Entrada do registro de tratadores: o nome de tipo (único no registro), a classe do tratador e
 /// os filtros de diálogo de leitura e de gravação ("Descrição (*.x)|*.x"; vazio quando o tratador
