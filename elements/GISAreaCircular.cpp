@@ -59,6 +59,34 @@ void TGISAreaCircular::ObterPontos(TGISPosicaoList &lista) const
     });
 }
 
+bool TGISAreaCircular::TChaveContorno::operator==(const TChaveContorno &o) const
+{
+    if (!(Posicao == o.Posicao))
+        return false;
+    for (int i = 0; i < 8; ++i)
+        if (!(Valores[i] == o.Valores[i]))
+            return false;
+    return true;
+}
+
+TGISAreaCircular::TChaveContorno TGISAreaCircular::ChaveAtual() const
+{
+    const std::array<double, 2> extras = ParametrosDoContorno();
+    return TChaveContorno{Posicao(),
+                          {Orientacao(), FRaioMenor, FRaioMaior, FAzimuteInicial, FAzimuteFinal, extras[0], extras[1], 0.0}};
+}
+
+const TGISPosicaoList &TGISAreaCircular::Contorno() const
+{
+    const TChaveContorno chave = ChaveAtual();
+    if (!FContornoValido || !(chave == FChaveContorno)) {
+        ObterPontos(FContorno);
+        FChaveContorno = chave;
+        FContornoValido = true;
+    }
+    return FContorno;
+}
+
 void TGISAreaCircular::MontarContorno(TGISPosicaoList &lista, const TTracador &tracar) const
 {
     lista.Clear();
@@ -107,35 +135,32 @@ void TGISAreaCircular::Desenhar(TCanvas &canvas, const TGISProjecao &projecao, b
         canvas.Brush().Assign(FPincel);
         canvas.Pen().Assign(Caneta());
     }
-    TGISPosicaoList lista;
-    ObterPontos(lista);
-    if (lista.IsEmpty())
+    const TGISPosicaoList &contorno = Contorno();
+    if (contorno.IsEmpty())
         return;
-    lista.Add(lista.First());
     std::vector<TPoint> pontos;
-    projecao.MundoParaTelaPontos(lista, pontos);
+    projecao.MundoParaTelaPontos(contorno, pontos);
+    pontos.push_back(pontos.front()); // desenhado fechado de novo
     canvas.Polygon(pontos.data(), static_cast<int>(pontos.size()));
 }
 
 bool TGISAreaCircular::Pertence(const TGISProjecao &projecao, const TPoint &ponto)
 {
-    TGISPosicaoList lista;
-    ObterPontos(lista);
-    if (lista.IsEmpty())
+    const TGISPosicaoList &contorno = Contorno();
+    if (contorno.IsEmpty())
         return false;
     std::vector<TPoint> pontos;
-    projecao.MundoParaTelaPontos(lista, pontos);
+    projecao.MundoParaTelaPontos(contorno, pontos);
     return projecao.PertenceAArea(pontos.data(), static_cast<int>(pontos.size()) - 1, ponto);
 }
 
 TGISRet TGISAreaCircular::Area() const
 {
-    TGISPosicaoList lista;
-    ObterPontos(lista);
-    if (lista.IsEmpty())
+    const TGISPosicaoList &contorno = Contorno();
+    if (contorno.IsEmpty())
         return GISRet(0, 0, 0, 0);
-    TGISRet r{lista.First(), lista.First()};
-    for (const TGISPosicao &p : lista)
+    TGISRet r{contorno.First(), contorno.First()};
+    for (const TGISPosicao &p : contorno)
         r = Uniao(TGISRet{p, p}, r);
     return r;
 }

@@ -7,6 +7,7 @@
 #include "platform/Exportacao.h"
 #include "platform/TBrush.h"
 
+#include <array>
 #include <cstdint>
 #include <functional>
 
@@ -19,8 +20,10 @@ namespace tavru {
 /// - `RaioMenor` > 0 e azimutes diferentes: setor de anel (18 + 5 + 22 + 5 pontos).
 /// As quantidades são fixas, qualquer que seja o tamanho na tela.
 ///
-/// O contorno não é guardado: `ObterPontos` o gera a cada vez, e o desenho, o teste de
-/// pertinência e a extensão o usam. Cada contorno é um anel fechado simples (o anel completo é um
+/// `ObterPontos` gera o contorno a cada chamada. O desenho, o teste de pertinência e a extensão
+/// usam uma cópia guardada dele (`Contorno`), refeita só quando muda algum dado que o define
+/// (posição, orientação, raios, azimutes e os `ParametrosDoContorno` de uma subclasse): o traçado
+/// geodésico custa dezenas de microssegundos e seria refeito várias vezes por pintura. Cada contorno é um anel fechado simples (o anel completo é um
 /// "buraco de fechadura": o externo no sentido horário, a ligação, o interno no anti-horário e a
 /// mesma ligação de volta), preenchido pela regra par-ímpar, de modo que o furo fica vazio.
 ///
@@ -70,6 +73,8 @@ public:
 
     /// Esvazia `lista` e a preenche com o contorno (posições absolutas do mundo).
     virtual void ObterPontos(TGISPosicaoList &lista) const;
+    /// O contorno de `ObterPontos`, guardado enquanto os dados que o definem não mudam.
+    const TGISPosicaoList &Contorno() const;
 
     // Campos.
 
@@ -104,14 +109,29 @@ protected:
     /// Monta o contorno nos quatro casos, com as quantidades fixas, chamando `tracar` para os
     /// arcos e `TracaLinha` para as ligações. O círculo e a elipse só diferem no traçador.
     void MontarContorno(TGISPosicaoList &lista, const TTracador &tracar) const;
+    /// Os dados, além dos desta classe, de que o contorno de uma subclasse depende (a elipse: os
+    /// segundos semi-eixos). Uma subclasse que traça com outros dados os devolve aqui.
+    virtual std::array<double, 2> ParametrosDoContorno() const { return {0.0, 0.0}; }
 
 private:
+    /// Os dados com que o contorno guardado foi traçado.
+    struct TChaveContorno
+    {
+        TGISPosicao Posicao;
+        double Valores[8];
+        bool operator==(const TChaveContorno &o) const;
+    };
+    TChaveContorno ChaveAtual() const;
+
     TBrush FPincel;
     double FRaioMenor = 0.0;
     double FRaioMaior = 0.0;
     double FAzimuteInicial = 0.0;
     double FAzimuteFinal = 0.0;
     std::int32_t FIndicePincel = 0;
+    mutable TGISPosicaoList FContorno;
+    mutable TChaveContorno FChaveContorno{};
+    mutable bool FContornoValido = false;
 };
 
 } // namespace tavru

@@ -38,6 +38,9 @@ public:
     double RaioMenorY() const { return FRaioMenorY; }
     void AtribuirRaioMenorY(double raio) { FRaioMenorY = raio; }
 
+protected:
+    std::array<double, 2> ParametrosDoContorno() const override { return {FRaioMaiorY, FRaioMenorY}; }
+
 private:
     double FRaioMaiorY = 0.0;
     double FRaioMenorY = 0.0;

@@ -174,3 +174,34 @@ TEST(TGISElipse, SemiEixosEORumo)
     EXPECT_NEAR(Distancia(TGISPosicao(), m), 2, 0.05);
     EXPECT_LT(std::abs(m.Longitude), 10);
 }
+
+TEST(TGISAreaCircular, ContornoGuardadoAcompanhaCadaDadoQueODefine)
+{
+    TGISElipse e;
+    e.AtribuirRaioMaior(10);
+    e.AtribuirRaioMaiorY(10);
+    TGISRet antes = e.Area();
+    const auto mudou = [&](const char *dado) {
+        const TGISRet agora = e.Area();
+        EXPECT_NE(agora, antes) << dado;
+        antes = agora;
+    };
+    e.AtribuirRaioMaior(20);
+    mudou("raio maior");
+    e.AtribuirRaioMaiorY(30);
+    mudou("semi-eixo da elipse");
+    e.AtribuirPosicao(GISPosicao(3600, 3600));
+    mudou("posição");
+    e.AtribuirOrientacao(0.3);
+    mudou("orientação");
+    e.AtribuirAzimuteFinal(1.0);
+    mudou("azimute");
+    e.AtribuirRaioMenor(5);
+    e.AtribuirRaioMenorY(5);
+    mudou("raio menor");
+    TGISPosicaoList direto;
+    e.ObterPontos(direto);
+    ASSERT_EQ(direto.Count(), e.Contorno().Count());
+    for (int i = 0; i < direto.Count(); ++i)
+        EXPECT_EQ(direto[i], e.Contorno()[i]);
+}
