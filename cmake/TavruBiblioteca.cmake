@@ -36,8 +36,8 @@ function(tavru_biblioteca alvo)
                         VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
   target_compile_definitions(${alvo} PRIVATE ${A_MACRO}_BUILD)
   target_include_directories(${alvo} PUBLIC
-    $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>
-    $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/tavru>)
+    $<BUILD_INTERFACE:${TAVRU_INCLUDE_RAIZ}>
+    $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
   target_link_libraries(${alvo} PUBLIC ${A_LIGA})
   install(TARGETS ${alvo} EXPORT TavruGisTargets
           LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
@@ -51,15 +51,29 @@ function(tavru_objetos alvo)
   _tavru_fontes(fontes ${A_PASTA})
   add_library(${alvo} OBJECT ${fontes})
   target_compile_definitions(${alvo} PRIVATE TAVRU_GIS_BUILD)
-  target_include_directories(${alvo} PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>)
+  target_include_directories(${alvo} PUBLIC $<BUILD_INTERFACE:${TAVRU_INCLUDE_RAIZ}>)
   target_link_libraries(${alvo} PUBLIC ${A_LIGA})
   _tavru_instalar_cabecalhos(${A_PASTA})
 endfunction()
 
+# Os cabeçalhos de uma pasta de biblioteca: instalados em include/tavru/<pasta>, e vistos na
+# compilação pela mesma forma <tavru/<pasta>/...>, por um link em ${TAVRU_INCLUDE_RAIZ}/tavru.
+# Assim nenhum nome genérico da casa (core/, control/) fica no caminho de inclusão de ninguém.
 function(_tavru_instalar_cabecalhos pasta)
+  tavru_raiz_de_inclusao(${pasta})
   file(GLOB cabecalhos ${PROJECT_SOURCE_DIR}/${pasta}/*.h)
   list(FILTER cabecalhos EXCLUDE REGEX "_p\\.h$")
   install(FILES ${cabecalhos} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/tavru/${pasta})
+endfunction()
+
+# tavru_raiz_de_inclusao(<pasta>): põe <pasta> da fonte em ${TAVRU_INCLUDE_RAIZ}/tavru/<pasta>.
+function(tavru_raiz_de_inclusao pasta)
+  set(link ${TAVRU_INCLUDE_RAIZ}/tavru/${pasta})
+  if(NOT EXISTS ${link})
+    get_filename_component(pai ${link} DIRECTORY)
+    file(MAKE_DIRECTORY ${pai})
+    file(CREATE_LINK ${PROJECT_SOURCE_DIR}/${pasta} ${link} SYMBOLIC)
+  endif()
 endfunction()
 
 # tavru_teste(<alvo> FONTES <arquivos...> LIGA <alvos...>): um executável GoogleTest registrado no
@@ -68,7 +82,7 @@ function(tavru_teste alvo)
   cmake_parse_arguments(A "" "" "FONTES;LIGA" ${ARGN})
   add_executable(${alvo} ${A_FONTES})
   target_link_libraries(${alvo} PRIVATE ${A_LIGA} GTest::gtest Qt6::Widgets)
-  target_include_directories(${alvo} PRIVATE ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/tests)
+  target_include_directories(${alvo} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
   target_compile_definitions(${alvo} PRIVATE TAVRU_DADOS="${PROJECT_SOURCE_DIR}/data")
   add_test(NAME ${alvo} COMMAND ${alvo})
   set_tests_properties(${alvo} PROPERTIES

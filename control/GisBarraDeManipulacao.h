@@ -2,4 +2,4 @@
 /// \file
 /// A unidade `GisBarraDeManipulacao`: a barra de navegação do mapa.
 
-#include "control/TGISBarraDeManipulacao.h"
+#include <tavru/control/TGISBarraDeManipulacao.h>

@@ -1,4 +1,4 @@
-#include "control/IGISMouseEvent.h"
+#include <tavru/control/IGISMouseEvent.h>
 
 namespace tavru {
 

@@ -2,9 +2,9 @@
 /// \file
 /// A interface das ferramentas do controle do mapa.
 
-#include "platform/Exportacao.h"
-#include "platform/TPoint.h"
-#include "platform/TShiftState.h"
+#include <tavru/platform/Exportacao.h>
+#include <tavru/platform/TPoint.h>
+#include <tavru/platform/TShiftState.h>
 
 namespace tavru {
 

@@ -1,10 +1,10 @@
-#include "control/TGISBarraDeManipulacao.h"
+#include <tavru/control/TGISBarraDeManipulacao.h>
 
-#include "core/Arredondar.h"
+#include <tavru/core/Arredondar.h>
 
-#include "control/TGis.h"
-#include "core/TGISProjecao.h"
-#include "platform/TCanvas.h"
+#include <tavru/control/TGis.h>
+#include <tavru/core/TGISProjecao.h>
+#include <tavru/platform/TCanvas.h>
 
 #include <QImage>
 #include <algorithm>

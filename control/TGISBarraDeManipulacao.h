@@ -2,9 +2,9 @@
 /// \file
 /// A barra de manipulação: ajustar, mover, ampliar uma área, ampliar e reduzir o mapa.
 
-#include "companions/components/TCustomBarraDeFerramentas.h"
-#include "control/IGISMouseEvent.h"
-#include "platform/Exportacao.h"
+#include <tavru/companions/components/TCustomBarraDeFerramentas.h>
+#include <tavru/control/IGISMouseEvent.h>
+#include <tavru/platform/Exportacao.h>
 
 #include <cstdint>
 

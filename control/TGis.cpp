@@ -1,17 +1,17 @@
-#include "control/TGis.h"
+#include <tavru/control/TGis.h>
 
-#include "companions/components/TSeta.h"
-#include "companions/components/TTabelaDeCores.h"
-#include "companions/components/TVisualizadorInformacoes.h"
-#include "companions/symbology/TTabelaDeSimbolos.h"
-#include "control/IGISMouseEvent.h"
-#include "core/Arredondar.h"
-#include "core/TGISCamadaList.h"
-#include "core/TGISProjecaoMercator.h"
-#include "elements/GISImagem.h"
-#include "elements/GISPonto.h"
-#include "platform/TCanvas.h"
-#include "platform/TStringList.h"
+#include <tavru/companions/components/TSeta.h>
+#include <tavru/companions/components/TTabelaDeCores.h>
+#include <tavru/companions/components/TVisualizadorInformacoes.h>
+#include <tavru/companions/symbology/TTabelaDeSimbolos.h>
+#include <tavru/control/IGISMouseEvent.h>
+#include <tavru/core/Arredondar.h>
+#include <tavru/core/TGISCamadaList.h>
+#include <tavru/core/TGISProjecaoMercator.h>
+#include <tavru/elements/GISImagem.h>
+#include <tavru/elements/GISPonto.h>
+#include <tavru/platform/TCanvas.h>
+#include <tavru/platform/TStringList.h>
 
 #include <QCursor>
 #include <QMouseEvent>

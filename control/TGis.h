@@ -2,13 +2,13 @@
 /// \file
 /// O controle do mapa: camadas, projeção, buffer de desenho, rótulos, seleção e ferramentas.
 
-#include "companions/geodesy/GISPosicao.h"
-#include "platform/Exportacao.h"
-#include "platform/TBrush.h"
-#include "platform/TColor.h"
-#include "platform/TFont.h"
-#include "platform/TPen.h"
-#include "platform/TPoint.h"
+#include <tavru/companions/geodesy/GISPosicao.h>
+#include <tavru/platform/Exportacao.h>
+#include <tavru/platform/TBrush.h>
+#include <tavru/platform/TColor.h>
+#include <tavru/platform/TFont.h>
+#include <tavru/platform/TPen.h>
+#include <tavru/platform/TPoint.h>
 
 #include <QColor>
 #include <QImage>

@@ -2,5 +2,5 @@
 /// \file
 /// A unidade `GISProjecao`: a projeção de experiência (a projeção base vem junto).
 
-#include "core/TGISProjecao.h"
-#include "core/TGISProjecaoTeste.h"
+#include <tavru/core/TGISProjecao.h>
+#include <tavru/core/TGISProjecaoTeste.h>

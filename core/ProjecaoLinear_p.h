@@ -3,10 +3,10 @@
 // conversões ponto a ponto. Um único núcleo por direção serve à conversão de um ponto (virtual) e
 // aos laços de listas, de modo que os dois caminhos dão sempre o mesmo resultado. Não instalado.
 
-#include "companions/geodesy/GISPosicao.h"
-#include "core/Arredondar.h"
-#include "platform/Exception.h"
-#include "platform/TPoint.h"
+#include <tavru/companions/geodesy/GISPosicao.h>
+#include <tavru/core/Arredondar.h>
+#include <tavru/platform/Exception.h>
+#include <tavru/platform/TPoint.h>
 
 #include <cmath>
 #include <cstdint>

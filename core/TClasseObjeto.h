@@ -2,7 +2,7 @@
 /// \file
 /// O descritor de classe dos objetos do mapa (o "construtor virtual" das classes de elementos).
 
-#include "core/TDescritorDeClasse.h"
+#include <tavru/core/TDescritorDeClasse.h>
 
 namespace tavru {
 

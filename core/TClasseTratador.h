@@ -2,7 +2,7 @@
 /// \file
 /// O descritor de classe dos tratadores de arquivo (o "construtor virtual" deles).
 
-#include "core/TDescritorDeClasse.h"
+#include <tavru/core/TDescritorDeClasse.h>
 
 namespace tavru {
 

@@ -1,6 +1,6 @@
-#include "core/TGISCamada.h"
+#include <tavru/core/TGISCamada.h>
 
-#include "companions/geodesy/GISPosicao.h"
+#include <tavru/companions/geodesy/GISPosicao.h>
 
 namespace tavru {
 

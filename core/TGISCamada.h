@@ -2,12 +2,12 @@
 /// \file
 /// A camada do mapa: um nome, uma lista de objetos possuída e as opções de desenho.
 
-#include "core/GISEnumeracoes.h"
-#include "core/TGISObjetoList.h"
-#include "platform/Exportacao.h"
-#include "platform/TBrush.h"
-#include "platform/TColor.h"
-#include "platform/TPen.h"
+#include <tavru/core/GISEnumeracoes.h>
+#include <tavru/core/TGISObjetoList.h>
+#include <tavru/platform/Exportacao.h>
+#include <tavru/platform/TBrush.h>
+#include <tavru/platform/TColor.h>
+#include <tavru/platform/TPen.h>
 
 #include <QString>
 #include <cstdint>

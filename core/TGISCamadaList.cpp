@@ -1,4 +1,4 @@
-#include "core/TGISCamadaList.h"
+#include <tavru/core/TGISCamadaList.h>
 
 namespace tavru {
 

@@ -2,9 +2,9 @@
 /// \file
 /// A lista de camadas do controle do mapa.
 
-#include "core/TGISCamada.h"
-#include "platform/Exportacao.h"
-#include "platform/TObjectList.h"
+#include <tavru/core/TGISCamada.h>
+#include <tavru/platform/Exportacao.h>
+#include <tavru/platform/TObjectList.h>
 
 #include <QString>
 

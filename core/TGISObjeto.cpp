@@ -1,7 +1,7 @@
-#include "core/TGISObjeto.h"
+#include <tavru/core/TGISObjeto.h>
 
-#include "companions/components/TTabelaDeCores.h"
-#include "companions/symbology/TTabelaDeSimbolos.h"
+#include <tavru/companions/components/TTabelaDeCores.h>
+#include <tavru/companions/symbology/TTabelaDeSimbolos.h>
 
 #include <QPointer>
 

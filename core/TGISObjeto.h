@@ -2,14 +2,14 @@
 /// \file
 /// A base abstrata de todo objeto do mapa.
 
-#include "companions/components/TInformacoes.h"
-#include "companions/geodesy/GISPosicao.h"
-#include "core/TClasseObjeto.h"
-#include "platform/Exportacao.h"
-#include "platform/TColor.h"
-#include "platform/TObjectList.h"
-#include "platform/TPen.h"
-#include "platform/TPoint.h"
+#include <tavru/companions/components/TInformacoes.h>
+#include <tavru/companions/geodesy/GISPosicao.h>
+#include <tavru/core/TClasseObjeto.h>
+#include <tavru/platform/Exportacao.h>
+#include <tavru/platform/TColor.h>
+#include <tavru/platform/TObjectList.h>
+#include <tavru/platform/TPen.h>
+#include <tavru/platform/TPoint.h>
 
 #include <cstdint>
 

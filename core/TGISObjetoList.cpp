@@ -1,8 +1,8 @@
-#include "core/TGISObjetoList.h"
+#include <tavru/core/TGISObjetoList.h>
 
-#include "core/TClasseTratador.h"
-#include "core/TGISTratadorDeArquivo.h"
-#include "platform/Exception.h"
+#include <tavru/core/TClasseTratador.h>
+#include <tavru/core/TGISTratadorDeArquivo.h>
+#include <tavru/platform/Exception.h>
 
 #include <algorithm>
 

@@ -2,12 +2,12 @@
 /// \file
 /// A lista dona de objetos do mapa, e o registro de tratadores de arquivo.
 
-#include "core/TClasseTratador.h"
-#include "companions/geodesy/GISPosicao.h"
-#include "core/TGISObjeto.h"
-#include "core/TRegistro.h"
-#include "platform/Exportacao.h"
-#include "platform/TObjectList.h"
+#include <tavru/core/TClasseTratador.h>
+#include <tavru/companions/geodesy/GISPosicao.h>
+#include <tavru/core/TGISObjeto.h>
+#include <tavru/core/TRegistro.h>
+#include <tavru/platform/Exportacao.h>
+#include <tavru/platform/TObjectList.h>
 
 #include <QString>
 #include <vector>

@@ -1,6 +1,6 @@
-#include "core/TGISPosicaoList.h"
+#include <tavru/core/TGISPosicaoList.h>
 
-#include "platform/TObjectList.h"
+#include <tavru/platform/TObjectList.h>
 
 #include <algorithm>
 

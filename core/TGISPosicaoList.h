@@ -2,8 +2,8 @@
 /// \file
 /// Lista ordenada de posições do mundo (os vértices de linhas e áreas).
 
-#include "companions/geodesy/GISPosicao.h"
-#include "platform/Exportacao.h"
+#include <tavru/companions/geodesy/GISPosicao.h>
+#include <tavru/platform/Exportacao.h>
 
 #include <vector>
 

@@ -2,9 +2,9 @@
 /// \file
 /// Lista dona de listas de posições (as várias partes de uma linha ou área).
 
-#include "core/TGISPosicaoList.h"
-#include "platform/Exportacao.h"
-#include "platform/TObjectList.h"
+#include <tavru/core/TGISPosicaoList.h>
+#include <tavru/platform/Exportacao.h>
+#include <tavru/platform/TObjectList.h>
 
 namespace tavru {
 

@@ -1,8 +1,8 @@
-#include "core/TGISProjecao.h"
+#include <tavru/core/TGISProjecao.h>
 
-#include "core/Arredondar.h"
-#include "core/TGISPosicaoList.h"
-#include "platform/Exception.h"
+#include <tavru/core/Arredondar.h>
+#include <tavru/core/TGISPosicaoList.h>
+#include <tavru/platform/Exception.h>
 
 #include <cmath>
 #include <cstdint>

@@ -2,9 +2,9 @@
 /// \file
 /// A projeção abstrata entre posições do mundo e pixels da tela, e os testes de pertinência.
 
-#include "companions/geodesy/GISPosicao.h"
-#include "platform/Exportacao.h"
-#include "platform/TPoint.h"
+#include <tavru/companions/geodesy/GISPosicao.h>
+#include <tavru/platform/Exportacao.h>
+#include <tavru/platform/TPoint.h>
 
 #include <memory>
 #include <vector>

@@ -1,6 +1,6 @@
-#include "core/TGISProjecaoMercator.h"
+#include <tavru/core/TGISProjecaoMercator.h>
 
-#include "core/ProjecaoLinear_p.h"
+#include <tavru/core/ProjecaoLinear_p.h>
 
 #include <algorithm>
 #include <typeinfo>

@@ -2,8 +2,8 @@
 /// \file
 /// A projeção que o controle do mapa usa: linear, uma escala só para os dois eixos.
 
-#include "core/TGISProjecao.h"
-#include "platform/Exportacao.h"
+#include <tavru/core/TGISProjecao.h>
+#include <tavru/platform/Exportacao.h>
 
 namespace tavru {
 

@@ -1,6 +1,6 @@
-#include "core/TGISProjecaoTeste.h"
+#include <tavru/core/TGISProjecaoTeste.h>
 
-#include "core/ProjecaoLinear_p.h"
+#include <tavru/core/ProjecaoLinear_p.h>
 
 #include <cmath>
 

@@ -2,8 +2,8 @@
 /// \file
 /// Projeção alternativa, mantida para experiências: uma vista do globo.
 
-#include "core/TGISProjecao.h"
-#include "platform/Exportacao.h"
+#include <tavru/core/TGISProjecao.h>
+#include <tavru/platform/Exportacao.h>
 
 #include <cstdint>
 

@@ -1,4 +1,4 @@
-#include "core/TGISTratadorDeArquivo.h"
+#include <tavru/core/TGISTratadorDeArquivo.h>
 
 namespace tavru {
 

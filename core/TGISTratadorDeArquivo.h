@@ -2,7 +2,7 @@
 /// \file
 /// A base dos tratadores de arquivo, que leem e gravam listas de objetos num formato.
 
-#include "platform/Exportacao.h"
+#include <tavru/platform/Exportacao.h>
 
 #include <QString>
 #include <QStringList>

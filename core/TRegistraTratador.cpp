@@ -1,6 +1,6 @@
-#include "core/TRegistraTratador.h"
+#include <tavru/core/TRegistraTratador.h>
 
-#include "core/TGISObjetoList.h"
+#include <tavru/core/TGISObjetoList.h>
 
 namespace tavru {
 

@@ -2,8 +2,8 @@
 /// \file
 /// Registro de um tratador de arquivo pela vida de um objeto estático.
 
-#include "core/TClasseTratador.h"
-#include "platform/Exportacao.h"
+#include <tavru/core/TClasseTratador.h>
+#include <tavru/platform/Exportacao.h>
 
 #include <QString>
 

@@ -2,7 +2,7 @@
 /// \file
 /// Uma entrada do registro de tratadores de arquivo.
 
-#include "core/TClasseTratador.h"
+#include <tavru/core/TClasseTratador.h>
 
 #include <QString>
 

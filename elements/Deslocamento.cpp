@@ -1,7 +1,7 @@
-#include "elements/Deslocamento.h"
+#include <tavru/elements/Deslocamento.h>
 
-#include "core/Arredondar.h"
-#include "platform/TProvedorDeDialogos.h"
+#include <tavru/core/Arredondar.h>
+#include <tavru/platform/TProvedorDeDialogos.h>
 
 #include <cmath>
 #include <cstdint>

@@ -11,8 +11,8 @@
 /// fora da faixa dá o "inteiro indefinido" de `Arredondar` (`INT_MIN`), nunca comportamento
 /// indefinido.
 
-#include "companions/geodesy/GISPosicao.h"
-#include "platform/Exportacao.h"
+#include <tavru/companions/geodesy/GISPosicao.h>
+#include <tavru/platform/Exportacao.h>
 
 #include <QString>
 

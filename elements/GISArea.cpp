@@ -1,11 +1,11 @@
-#include "elements/GISArea.h"
+#include <tavru/elements/GISArea.h>
 
-#include "elements/Deslocamento.h"
+#include <tavru/elements/Deslocamento.h>
 
-#include "companions/components/TTabelaDeCores.h"
-#include "core/Arredondar.h"
-#include "core/TGISProjecao.h"
-#include "platform/TCanvas.h"
+#include <tavru/companions/components/TTabelaDeCores.h>
+#include <tavru/core/Arredondar.h>
+#include <tavru/core/TGISProjecao.h>
+#include <tavru/platform/TCanvas.h>
 
 #include <cmath>
 

@@ -2,9 +2,9 @@
 /// \file
 /// A área do mapa: a geometria de uma linha desenhada como polígonos preenchidos.
 
-#include "elements/GISLinha.h"
-#include "platform/Exportacao.h"
-#include "platform/TBrush.h"
+#include <tavru/elements/GISLinha.h>
+#include <tavru/platform/Exportacao.h>
+#include <tavru/platform/TBrush.h>
 
 #include <cstdint>
 

@@ -1,11 +1,11 @@
-#include "elements/GISAreaCircular.h"
+#include <tavru/elements/GISAreaCircular.h>
 
-#include "companions/components/TTabelaDeCores.h"
-#include "companions/geodesy/Distancia.h"
-#include "companions/geodesy/Rumo.h"
-#include "core/TGISProjecao.h"
-#include "elements/GISArea.h"
-#include "platform/TCanvas.h"
+#include <tavru/companions/components/TTabelaDeCores.h>
+#include <tavru/companions/geodesy/Distancia.h>
+#include <tavru/companions/geodesy/Rumo.h>
+#include <tavru/core/TGISProjecao.h>
+#include <tavru/elements/GISArea.h>
+#include <tavru/platform/TCanvas.h>
 
 #include <cmath>
 #include <vector>

@@ -2,10 +2,10 @@
 /// \file
 /// A área circular: disco, setor, anel ou setor de anel em torno da posição do objeto.
 
-#include "core/TGISObjeto.h"
-#include "core/TGISPosicaoList.h"
-#include "platform/Exportacao.h"
-#include "platform/TBrush.h"
+#include <tavru/core/TGISObjeto.h>
+#include <tavru/core/TGISPosicaoList.h>
+#include <tavru/platform/Exportacao.h>
+#include <tavru/platform/TBrush.h>
 
 #include <array>
 #include <cstdint>

@@ -1,6 +1,6 @@
-#include "elements/GISComposto.h"
+#include <tavru/elements/GISComposto.h>
 
-#include "core/Arredondar.h"
+#include <tavru/core/Arredondar.h>
 
 #include <cmath>
 #include <cstdint>

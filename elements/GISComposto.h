@@ -2,9 +2,9 @@
 /// \file
 /// O composto: um grupo de objetos do mapa que se comporta como um só.
 
-#include "core/TGISObjeto.h"
-#include "core/TGISObjetoList.h"
-#include "platform/Exportacao.h"
+#include <tavru/core/TGISObjeto.h>
+#include <tavru/core/TGISObjetoList.h>
+#include <tavru/platform/Exportacao.h>
 
 namespace tavru {
 

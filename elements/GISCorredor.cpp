@@ -1,10 +1,10 @@
-#include "elements/GISCorredor.h"
+#include <tavru/elements/GISCorredor.h>
 
-#include "companions/geodesy/Distancia.h"
-#include "core/Arredondar.h"
-#include "core/TGISProjecao.h"
-#include "elements/GISArea.h"
-#include "platform/TCanvas.h"
+#include <tavru/companions/geodesy/Distancia.h>
+#include <tavru/core/Arredondar.h>
+#include <tavru/core/TGISProjecao.h>
+#include <tavru/elements/GISArea.h>
+#include <tavru/platform/TCanvas.h>
 
 #include <cmath>
 #include <cstdint>

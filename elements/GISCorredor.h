@@ -2,9 +2,9 @@
 /// \file
 /// O corredor do mapa: uma linha desenhada como uma faixa de larguras dadas à esquerda e à direita.
 
-#include "elements/GISLinha.h"
-#include "platform/Exportacao.h"
-#include "platform/TBrush.h"
+#include <tavru/elements/GISLinha.h>
+#include <tavru/platform/Exportacao.h>
+#include <tavru/platform/TBrush.h>
 
 #include <cstdint>
 #include <vector>

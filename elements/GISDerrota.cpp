@@ -1,7 +1,7 @@
-#include "elements/GISDerrota.h"
+#include <tavru/elements/GISDerrota.h>
 
-#include "core/TGISProjecao.h"
-#include "platform/TCanvas.h"
+#include <tavru/core/TGISProjecao.h>
+#include <tavru/platform/TCanvas.h>
 
 namespace tavru {
 

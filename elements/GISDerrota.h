@@ -2,8 +2,8 @@
 /// \file
 /// A derrota: o rumo percorrido por uma unidade, tracejado depois de um ponto escolhido.
 
-#include "elements/GISLinha.h"
-#include "platform/Exportacao.h"
+#include <tavru/elements/GISLinha.h>
+#include <tavru/platform/Exportacao.h>
 
 #include <cstdint>
 

@@ -2,12 +2,12 @@
 /// \file
 /// A unidade dos elementos do mapa: inclui as classes concretas de objetos.
 
-#include "elements/GISArea.h"
-#include "elements/GISCorredor.h"
-#include "elements/GISLinha.h"
-#include "elements/GISPonto.h"
-#include "elements/GISTexto.h"
-#include "elements/GISAreaCircular.h"
-#include "elements/GISComposto.h"
-#include "elements/GISElipse.h"
-#include "elements/GISImagem.h"
+#include <tavru/elements/GISArea.h>
+#include <tavru/elements/GISCorredor.h>
+#include <tavru/elements/GISLinha.h>
+#include <tavru/elements/GISPonto.h>
+#include <tavru/elements/GISTexto.h>
+#include <tavru/elements/GISAreaCircular.h>
+#include <tavru/elements/GISComposto.h>
+#include <tavru/elements/GISElipse.h>
+#include <tavru/elements/GISImagem.h>

@@ -3,5 +3,5 @@
 /// A unidade `GISElementosMilitares`: o meio acompanhado (com os padrões globais de tamanho
 /// `TamanhoNaTelaDefault` e `TamanhoNoMundoDefault`) e a derrota.
 
-#include "elements/GISDerrota.h"
-#include "elements/GISMeioAcompanhado.h"
+#include <tavru/elements/GISDerrota.h>
+#include <tavru/elements/GISMeioAcompanhado.h>

@@ -1,6 +1,6 @@
-#include "elements/GISElipse.h"
+#include <tavru/elements/GISElipse.h>
 
-#include "companions/geodesy/Distancia.h"
+#include <tavru/companions/geodesy/Distancia.h>
 
 namespace tavru {
 

@@ -2,8 +2,8 @@
 /// \file
 /// A elipse: as quatro figuras da área circular com arcos de elipse.
 
-#include "elements/GISAreaCircular.h"
-#include "platform/Exportacao.h"
+#include <tavru/elements/GISAreaCircular.h>
+#include <tavru/platform/Exportacao.h>
 
 namespace tavru {
 

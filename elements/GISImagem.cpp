@@ -1,9 +1,9 @@
-#include "elements/GISImagem.h"
+#include <tavru/elements/GISImagem.h>
 
-#include "core/TGISProjecao.h"
-#include "platform/Exception.h"
-#include "platform/TCanvas.h"
-#include "platform/TProvedorDeDialogos.h"
+#include <tavru/core/TGISProjecao.h>
+#include <tavru/platform/Exception.h>
+#include <tavru/platform/TCanvas.h>
+#include <tavru/platform/TProvedorDeDialogos.h>
 
 #include <QFile>
 #include <QHash>

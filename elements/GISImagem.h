@@ -2,8 +2,8 @@
 /// \file
 /// A imagem: uma figura raster estendida sobre um retângulo do mundo, com o arquivo ".geo".
 
-#include "core/TGISObjeto.h"
-#include "platform/Exportacao.h"
+#include <tavru/core/TGISObjeto.h>
+#include <tavru/platform/Exportacao.h>
 
 #include <QImage>
 #include <QString>

@@ -1,11 +1,11 @@
-#include "elements/GISLinha.h"
+#include <tavru/elements/GISLinha.h>
 
-#include "elements/Deslocamento.h"
+#include <tavru/elements/Deslocamento.h>
 
-#include "core/Arredondar.h"
-#include "core/TGISProjecao.h"
-#include "platform/Exception.h"
-#include "platform/TCanvas.h"
+#include <tavru/core/Arredondar.h>
+#include <tavru/core/TGISProjecao.h>
+#include <tavru/platform/Exception.h>
+#include <tavru/platform/TCanvas.h>
 
 #include <algorithm>
 #include <cmath>

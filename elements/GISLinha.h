@@ -3,9 +3,9 @@
 /// A linha do mapa: uma ou mais sequências de pontos guardados em relação à posição e à
 /// orientação do objeto.
 
-#include "core/TGISObjeto.h"
-#include "core/TGISPosicaoListList.h"
-#include "platform/Exportacao.h"
+#include <tavru/core/TGISObjeto.h>
+#include <tavru/core/TGISPosicaoListList.h>
+#include <tavru/platform/Exportacao.h>
 
 #include <vector>
 

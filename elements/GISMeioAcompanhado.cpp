@@ -1,8 +1,8 @@
-#include "elements/GISMeioAcompanhado.h"
+#include <tavru/elements/GISMeioAcompanhado.h>
 
-#include "core/Arredondar.h"
-#include "core/TGISProjecao.h"
-#include "platform/TCanvas.h"
+#include <tavru/core/Arredondar.h>
+#include <tavru/core/TGISProjecao.h>
+#include <tavru/platform/TCanvas.h>
 
 #include <algorithm>
 #include <cmath>

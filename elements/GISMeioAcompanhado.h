@@ -2,8 +2,8 @@
 /// \file
 /// O meio acompanhado: uma unidade rastreada, desenhada como ponto com indicador de rumo e placa.
 
-#include "elements/GISPonto.h"
-#include "platform/Exportacao.h"
+#include <tavru/elements/GISPonto.h>
+#include <tavru/platform/Exportacao.h>
 
 #include <cstdint>
 

@@ -1,9 +1,9 @@
-#include "elements/GISPonto.h"
+#include <tavru/elements/GISPonto.h>
 
-#include "companions/symbology/TTabelaDeSimbolos.h"
-#include "core/Arredondar.h"
-#include "core/TGISProjecao.h"
-#include "platform/TCanvas.h"
+#include <tavru/companions/symbology/TTabelaDeSimbolos.h>
+#include <tavru/core/Arredondar.h>
+#include <tavru/core/TGISProjecao.h>
+#include <tavru/platform/TCanvas.h>
 
 #include <QImage>
 #include <typeinfo>

@@ -2,9 +2,9 @@
 /// \file
 /// O ponto do mapa: uma figura pequena centrada numa posição do mundo.
 
-#include "core/TGISObjeto.h"
-#include "platform/Exportacao.h"
-#include "platform/TFont.h"
+#include <tavru/core/TGISObjeto.h>
+#include <tavru/platform/Exportacao.h>
+#include <tavru/platform/TFont.h>
 
 #include <QChar>
 #include <cstdint>

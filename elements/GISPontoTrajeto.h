@@ -2,9 +2,9 @@
 /// \file
 /// O vértice de uma trajetória.
 
-#include "companions/components/TInformacoes.h"
-#include "companions/geodesy/GISPosicao.h"
-#include "platform/Exportacao.h"
+#include <tavru/companions/components/TInformacoes.h>
+#include <tavru/companions/geodesy/GISPosicao.h>
+#include <tavru/platform/Exportacao.h>
 
 #include <QString>
 

@@ -1,6 +1,6 @@
-#include "elements/GISPontosTrajeto.h"
+#include <tavru/elements/GISPontosTrajeto.h>
 
-#include "platform/TStringList.h"
+#include <tavru/platform/TStringList.h>
 
 namespace tavru {
 

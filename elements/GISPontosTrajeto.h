@@ -2,9 +2,9 @@
 /// \file
 /// A lista dona dos vértices de uma trajetória.
 
-#include "elements/GISPontoTrajeto.h"
-#include "platform/Exportacao.h"
-#include "platform/TObjectList.h"
+#include <tavru/elements/GISPontoTrajeto.h>
+#include <tavru/platform/Exportacao.h>
+#include <tavru/platform/TObjectList.h>
 
 namespace tavru {
 

@@ -1,9 +1,9 @@
-#include "elements/GISTexto.h"
+#include <tavru/elements/GISTexto.h>
 
-#include "companions/geodesy/RotacaoDeFonte.h"
-#include "core/Arredondar.h"
-#include "core/TGISProjecao.h"
-#include "platform/TCanvas.h"
+#include <tavru/companions/geodesy/RotacaoDeFonte.h>
+#include <tavru/core/Arredondar.h>
+#include <tavru/core/TGISProjecao.h>
+#include <tavru/platform/TCanvas.h>
 
 #include <QGuiApplication>
 

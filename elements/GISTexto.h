@@ -2,9 +2,9 @@
 /// \file
 /// O texto do mapa: uma cadeia escrita na sua posição, girada com a orientação do objeto.
 
-#include "core/TGISObjeto.h"
-#include "platform/Exportacao.h"
-#include "platform/TFont.h"
+#include <tavru/core/TGISObjeto.h>
+#include <tavru/platform/Exportacao.h>
+#include <tavru/platform/TFont.h>
 
 #include <QString>
 #include <cstdint>

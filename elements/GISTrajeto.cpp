@@ -1,12 +1,12 @@
-#include "elements/GISTrajeto.h"
+#include <tavru/elements/GISTrajeto.h>
 
-#include "elements/Deslocamento.h"
+#include <tavru/elements/Deslocamento.h>
 
-#include "core/Arredondar.h"
-#include "core/TGISProjecao.h"
-#include "elements/GISLinha.h"
-#include "platform/Exception.h"
-#include "platform/TCanvas.h"
+#include <tavru/core/Arredondar.h>
+#include <tavru/core/TGISProjecao.h>
+#include <tavru/elements/GISLinha.h>
+#include <tavru/platform/Exception.h>
+#include <tavru/platform/TCanvas.h>
 
 #include <cmath>
 #include <memory>

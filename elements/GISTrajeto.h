@@ -3,10 +3,10 @@
 /// A unidade `GISTrajeto`: a trajetória, uma linha única cujos vértices são objetos com
 /// informações, trava e rótulo (`TGISPontoTrajeto`, `TGISPontosTrajeto`).
 
-#include "core/TGISObjeto.h"
-#include "elements/GISPontoTrajeto.h"
-#include "elements/GISPontosTrajeto.h"
-#include "platform/Exportacao.h"
+#include <tavru/core/TGISObjeto.h>
+#include <tavru/elements/GISPontoTrajeto.h>
+#include <tavru/elements/GISPontosTrajeto.h>
+#include <tavru/platform/Exportacao.h>
 
 #include <vector>
 

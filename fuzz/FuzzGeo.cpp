@@ -3,8 +3,8 @@
 // um retângulo em ordem e, quando os sinais separam os números gravados, voltar igual.
 
 #include "AplicacaoFuzz.h"
-#include "elements/GISImagem.h"
-#include "platform/Exception.h"
+#include <tavru/elements/GISImagem.h>
+#include <tavru/platform/Exception.h>
 
 #include <QFile>
 #include <QTemporaryDir>

@@ -3,10 +3,10 @@
 // gravada de volta em bytes. Erros da casa (exceções) são respostas válidas.
 
 #include "AplicacaoFuzz.h"
-#include "core/TGISObjetoList.h"
-#include "platform/Exception.h"
-#include "xml/CodificacaoXML_p.h"
-#include "xml/ReconheceArquivoXML.h"
+#include <tavru/core/TGISObjetoList.h>
+#include <tavru/platform/Exception.h>
+#include <tavru/xml/CodificacaoXML_p.h>
+#include <tavru/xml/ReconheceArquivoXML.h>
 
 #include <QFile>
 #include <QTemporaryDir>

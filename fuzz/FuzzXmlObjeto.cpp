@@ -3,9 +3,9 @@
 // quebras, vazamentos, comportamento indefinido e laços sem fim não são.
 
 #include "AplicacaoFuzz.h"
-#include "platform/Exception.h"
-#include "xml/CodificacaoXML_p.h"
-#include "xml/ReconheceArquivoXML.h"
+#include <tavru/platform/Exception.h>
+#include <tavru/xml/CodificacaoXML_p.h>
+#include <tavru/xml/ReconheceArquivoXML.h>
 
 #include <cstddef>
 #include <cstdint>

@@ -1,4 +1,4 @@
-#include "platform/Exception.h"
+#include <tavru/platform/Exception.h>
 
 namespace tavru {
 

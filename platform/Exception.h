@@ -3,7 +3,7 @@
 /// A família de exceções da casa: uma classe base com mensagem em `QString` e uma subclasse por
 /// tipo de erro da plataforma. Mensagens vêm em português; as citadas pelo projeto, exatas.
 
-#include "platform/Exportacao.h"
+#include <tavru/platform/Exportacao.h>
 
 #include <QByteArray>
 #include <QString>

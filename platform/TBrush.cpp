@@ -1,4 +1,4 @@
-#include "platform/TBrush.h"
+#include <tavru/platform/TBrush.h>
 
 namespace tavru {
 

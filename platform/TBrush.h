@@ -2,8 +2,8 @@
 /// \file
 /// O pincel da plataforma: cor e estilo com os ordinais que os documentos guardam.
 
-#include "platform/Exportacao.h"
-#include "platform/TColor.h"
+#include <tavru/platform/Exportacao.h>
+#include <tavru/platform/TColor.h>
 
 #include <QBrush>
 #include <cstdint>

@@ -12,11 +12,11 @@
 /// Coordenadas em pixels; retângulos com a aritmética de `TRect` (direita e base exclusivas).
 /// O canvas não possui a imagem em que pinta.
 
-#include "platform/Exportacao.h"
-#include "platform/TBrush.h"
-#include "platform/TFont.h"
-#include "platform/TPen.h"
-#include "platform/TPoint.h"
+#include <tavru/platform/Exportacao.h>
+#include <tavru/platform/TBrush.h>
+#include <tavru/platform/TFont.h>
+#include <tavru/platform/TPen.h>
+#include <tavru/platform/TPoint.h>
 
 #include <QImage>
 #include <QSize>

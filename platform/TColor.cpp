@@ -1,4 +1,4 @@
-#include "platform/TColor.h"
+#include <tavru/platform/TColor.h>
 
 #include <QGuiApplication>
 #include <QPalette>

@@ -5,7 +5,7 @@
 /// bit alto ligado e byte baixo pequeno são cores do sistema (`clWindow`...), resolvidas pela
 /// paleta do Qt. Converta para `QColor` só ao pintar.
 
-#include "platform/Exportacao.h"
+#include <tavru/platform/Exportacao.h>
 
 #include <QColor>
 #include <cstdint>

@@ -1,4 +1,4 @@
-#include "platform/TFont.h"
+#include <tavru/platform/TFont.h>
 
 #include <cmath>
 #include <cstdlib>

@@ -3,8 +3,8 @@
 /// A fonte da plataforma: nome, tamanho em pontos, altura em pixels, cor, número de conjunto de
 /// caracteres, estilo e escapamento (rotação em décimos de grau, anti-horária).
 
-#include "platform/Exportacao.h"
-#include "platform/TColor.h"
+#include <tavru/platform/Exportacao.h>
+#include <tavru/platform/TColor.h>
 
 #include <QFont>
 #include <QString>

@@ -1,4 +1,4 @@
-#include "platform/TObjectList.h"
+#include <tavru/platform/TObjectList.h>
 
 namespace tavru {
 

@@ -7,7 +7,7 @@
 /// liberam. Itens podem ser nulos (posições vazias). Índices fora de `0..Count()-1` levantam
 /// `EListError` com a mensagem "Índice de lista fora dos limites (<i>)".
 
-#include "platform/Exception.h"
+#include <tavru/platform/Exception.h>
 
 #include <algorithm>
 #include <vector>

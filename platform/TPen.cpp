@@ -1,4 +1,4 @@
-#include "platform/TPen.h"
+#include <tavru/platform/TPen.h>
 
 namespace tavru {
 

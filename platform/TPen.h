@@ -3,8 +3,8 @@
 /// A caneta da plataforma: cor, largura (pixels) e estilo com os ordinais que os documentos
 /// guardam.
 
-#include "platform/Exportacao.h"
-#include "platform/TColor.h"
+#include <tavru/platform/Exportacao.h>
+#include <tavru/platform/TColor.h>
 
 #include <QPen>
 #include <cstdint>

@@ -1,4 +1,4 @@
-#include "platform/TProvedorDeDialogos.h"
+#include <tavru/platform/TProvedorDeDialogos.h>
 
 #include <QApplication>
 #include <QFileDialog>

@@ -9,8 +9,8 @@
 /// padrões separados por ";" (por exemplo "Arquivos XML (*.xml)|*.xml|Todos os Arquivos (*.*)|*.*").
 /// O índice de filtro é contado a partir de 1, como na plataforma.
 
-#include "platform/Exportacao.h"
-#include "platform/TFont.h"
+#include <tavru/platform/Exportacao.h>
+#include <tavru/platform/TFont.h>
 
 #include <QString>
 #include <QStringList>

@@ -1,6 +1,6 @@
-#include "platform/TStringList.h"
+#include <tavru/platform/TStringList.h>
 
-#include "platform/TObjectList.h"
+#include <tavru/platform/TObjectList.h>
 
 namespace tavru {
 

@@ -5,7 +5,7 @@
 /// destino deles. Índices fora dos limites levantam `EListError`. `IndexOf` compara exatamente,
 /// diferenciando maiúsculas, a menos que `CaseSensitive` seja desligado.
 
-#include "platform/Exception.h"
+#include <tavru/platform/Exception.h>
 
 #include <QString>
 #include <QStringList>

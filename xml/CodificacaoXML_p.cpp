@@ -1,9 +1,9 @@
-#include "xml/CodificacaoXML_p.h"
+#include <tavru/xml/CodificacaoXML_p.h>
 
-#include "companions/geodesy/TextoGeodesico.h"
-#include "companions/symbology/InformacoesXML.h"
-#include "platform/Exception.h"
-#include "xml/ConfiguracaoXML.h"
+#include <tavru/companions/geodesy/TextoGeodesico.h>
+#include <tavru/companions/symbology/InformacoesXML.h>
+#include <tavru/platform/Exception.h>
+#include <tavru/xml/ConfiguracaoXML.h>
 
 #include <QRegularExpression>
 #include <cstdlib>

@@ -7,9 +7,9 @@
 /// canônicas que o próprio gravador escreve (coordenadas em graus) têm um caminho rápido que dá
 /// exatamente o que as funções do pacote de geodésia dariam; todo o resto passa por elas.
 
-#include "platform/TBrush.h"
-#include "platform/TColor.h"
-#include "platform/TPen.h"
+#include <tavru/platform/TBrush.h>
+#include <tavru/platform/TColor.h>
+#include <tavru/platform/TPen.h>
 
 #include <QByteArray>
 #include <QString>

@@ -1,4 +1,4 @@
-#include "xml/ConfiguracaoXML.h"
+#include <tavru/xml/ConfiguracaoXML.h>
 
 namespace tavru {
 

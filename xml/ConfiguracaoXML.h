@@ -4,7 +4,7 @@
 /// e pelo gravador de documentos XML do mapa. Mudá-las vale para o processo todo (não há travas:
 /// tudo roda na linha de execução da interface).
 
-#include "platform/Exportacao.h"
+#include <tavru/platform/Exportacao.h>
 
 #include <QString>
 

@@ -4,5 +4,5 @@
 /// (`TAG_RAIZ`, `CABECALHO`, `USAR_TABELA_DE_SIMBOLOS`, `ESCAPAR_TEXTOS`) e
 /// `ObterRefClassObjetoGis`. O tratador se registra sob o tipo "XML" quando a biblioteca carrega.
 
-#include "xml/ConfiguracaoXML.h"
-#include "xml/TTratadorDeArquivosXML.h"
+#include <tavru/xml/ConfiguracaoXML.h>
+#include <tavru/xml/TTratadorDeArquivosXML.h>

@@ -1,8 +1,8 @@
 // O registro do tratador XML pela vida da biblioteca: o objeto estático registra o tipo "XML" na
 // carga e o remove na descarga.
 
-#include "core/TRegistraTratador.h"
-#include "xml/TTratadorDeArquivosXML.h"
+#include <tavru/core/TRegistraTratador.h>
+#include <tavru/xml/TTratadorDeArquivosXML.h>
 
 namespace tavru {
 namespace {

@@ -1,10 +1,10 @@
-#include "xml/TTratadorDeArquivosXML.h"
+#include <tavru/xml/TTratadorDeArquivosXML.h>
 
-#include "core/TGISObjetoList.h"
-#include "platform/Exception.h"
-#include "platform/TObjectList.h"
-#include "xml/CodificacaoXML_p.h"
-#include "xml/ConfiguracaoXML.h"
+#include <tavru/core/TGISObjetoList.h>
+#include <tavru/platform/Exception.h>
+#include <tavru/platform/TObjectList.h>
+#include <tavru/xml/CodificacaoXML_p.h>
+#include <tavru/xml/ConfiguracaoXML.h>
 
 #include <QFile>
 #include <QFileInfo>

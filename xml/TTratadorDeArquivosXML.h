@@ -2,11 +2,11 @@
 /// \file
 /// O tratador de arquivos dos documentos XML do mapa.
 
-#include "core/TClasseObjeto.h"
-#include "core/TClasseTratador.h"
-#include "core/TGISObjeto.h"
-#include "core/TGISTratadorDeArquivo.h"
-#include "platform/Exportacao.h"
+#include <tavru/core/TClasseObjeto.h>
+#include <tavru/core/TClasseTratador.h>
+#include <tavru/core/TGISObjeto.h>
+#include <tavru/core/TGISTratadorDeArquivo.h>
+#include <tavru/platform/Exportacao.h>
 
 #include <QString>
 #include <QStringList>

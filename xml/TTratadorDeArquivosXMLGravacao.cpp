@@ -1,26 +1,26 @@
 // A gravação dos elementos do documento: de um objeto do mapa para linhas de texto. Cada linha de
 // abertura é montada por concatenação, com os valores tal como estão (ver `ESCAPAR_TEXTOS`).
 
-#include "xml/TTratadorDeArquivosXML.h"
+#include <tavru/xml/TTratadorDeArquivosXML.h>
 
-#include "companions/geodesy/Rumo.h"
-#include "companions/geodesy/TextoGeodesico.h"
-#include "companions/symbology/InformacoesXML.h"
-#include "companions/symbology/Tagsxml.h"
-#include "core/TGISObjetoList.h"
-#include "elements/GISArea.h"
-#include "elements/GISAreaCircular.h"
-#include "elements/GISComposto.h"
-#include "elements/GISCorredor.h"
-#include "elements/GISElipse.h"
-#include "elements/GISImagem.h"
-#include "elements/GISLinha.h"
-#include "elements/GISPonto.h"
-#include "elements/GISPontosTrajeto.h"
-#include "elements/GISTexto.h"
-#include "elements/GISTrajeto.h"
-#include "xml/CodificacaoXML_p.h"
-#include "xml/ConfiguracaoXML.h"
+#include <tavru/companions/geodesy/Rumo.h>
+#include <tavru/companions/geodesy/TextoGeodesico.h>
+#include <tavru/companions/symbology/InformacoesXML.h>
+#include <tavru/companions/symbology/Tagsxml.h>
+#include <tavru/core/TGISObjetoList.h>
+#include <tavru/elements/GISArea.h>
+#include <tavru/elements/GISAreaCircular.h>
+#include <tavru/elements/GISComposto.h>
+#include <tavru/elements/GISCorredor.h>
+#include <tavru/elements/GISElipse.h>
+#include <tavru/elements/GISImagem.h>
+#include <tavru/elements/GISLinha.h>
+#include <tavru/elements/GISPonto.h>
+#include <tavru/elements/GISPontosTrajeto.h>
+#include <tavru/elements/GISTexto.h>
+#include <tavru/elements/GISTrajeto.h>
+#include <tavru/xml/CodificacaoXML_p.h>
+#include <tavru/xml/ConfiguracaoXML.h>
 
 namespace tavru {
 

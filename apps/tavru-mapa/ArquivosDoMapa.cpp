@@ -1,10 +1,10 @@
 #include "ArquivosDoMapa.h"
 
-#include "control/TGis.h"
-#include "core/TGISCamada.h"
-#include "core/TGISCamadaList.h"
-#include "core/TGISObjetoList.h"
-#include "platform/Exception.h"
+#include <tavru/control/TGis.h>
+#include <tavru/core/TGISCamada.h>
+#include <tavru/core/TGISCamadaList.h>
+#include <tavru/core/TGISObjetoList.h>
+#include <tavru/platform/Exception.h>
 
 #include <QFileInfo>
 #include <memory>

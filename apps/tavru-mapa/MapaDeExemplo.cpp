@@ -1,8 +1,8 @@
 #include "MapaDeExemplo.h"
 
-#include "control/TGis.h"
-#include "core/TGISCamada.h"
-#include "core/TGISCamadaList.h"
+#include <tavru/control/TGis.h>
+#include <tavru/core/TGISCamada.h>
+#include <tavru/core/TGISCamadaList.h>
 
 #include <QFile>
 

@@ -3,11 +3,11 @@
 #include "MapaDeExemplo.h"
 #include "MapaPlotagem.h"
 
-#include "control/TGis.h"
-#include "core/TGISCamadaList.h"
-#include "core/TGISProjecao.h"
-#include "elements/GISLinha.h"
-#include "elements/GISTexto.h"
+#include <tavru/control/TGis.h>
+#include <tavru/core/TGISCamadaList.h>
+#include <tavru/core/TGISProjecao.h>
+#include <tavru/elements/GISLinha.h>
+#include <tavru/elements/GISTexto.h>
 
 #include <cmath>
 #include <initializer_list>

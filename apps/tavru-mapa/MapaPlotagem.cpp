@@ -1,13 +1,13 @@
 #include "MapaPlotagem.h"
 
-#include "control/TGis.h"
-#include "core/TGISCamadaList.h"
-#include "elements/GISAreaCircular.h"
-#include "elements/GISComposto.h"
-#include "elements/GISElementosMilitares.h"
-#include "elements/GISElipse.h"
-#include "elements/GISImagem.h"
-#include "elements/GISTrajeto.h"
+#include <tavru/control/TGis.h>
+#include <tavru/core/TGISCamadaList.h>
+#include <tavru/elements/GISAreaCircular.h>
+#include <tavru/elements/GISComposto.h>
+#include <tavru/elements/GISElementosMilitares.h>
+#include <tavru/elements/GISElipse.h>
+#include <tavru/elements/GISImagem.h>
+#include <tavru/elements/GISTrajeto.h>
 
 #include <cmath>
 

@@ -2,7 +2,7 @@
 /// \file
 /// A parte do mapa embutido que mostra a figura de satélite e os objetos de plotagem.
 
-#include "companions/geodesy/GISPosicao.h"
+#include <tavru/companions/geodesy/GISPosicao.h>
 
 namespace tavru {
 

@@ -3,16 +3,16 @@
 #include "ArquivosDoMapa.h"
 #include "MapaEmbutido.h"
 
-#include "companions/components/TVisualizadorInformacoes.h"
-#include "companions/geodesy/TextoGeodesico.h"
-#include "control/TGISBarraDeManipulacao.h"
-#include "control/TGis.h"
-#include "core/TGISCamada.h"
-#include "core/TGISCamadaList.h"
-#include "core/TGISObjetoList.h"
-#include "core/TGISProjecao.h"
-#include "platform/Exception.h"
-#include "platform/TProvedorDeDialogos.h"
+#include <tavru/companions/components/TVisualizadorInformacoes.h>
+#include <tavru/companions/geodesy/TextoGeodesico.h>
+#include <tavru/control/TGISBarraDeManipulacao.h>
+#include <tavru/control/TGis.h>
+#include <tavru/core/TGISCamada.h>
+#include <tavru/core/TGISCamadaList.h>
+#include <tavru/core/TGISObjetoList.h>
+#include <tavru/core/TGISProjecao.h>
+#include <tavru/platform/Exception.h>
+#include <tavru/platform/TProvedorDeDialogos.h>
 
 #include <QDockWidget>
 #include <QLabel>

@@ -2,7 +2,7 @@
 /// \file
 /// A janela principal do aplicativo de demonstração.
 
-#include "control/IGISMouseEvent.h"
+#include <tavru/control/IGISMouseEvent.h>
 
 #include <QMainWindow>
 

@@ -6,8 +6,8 @@
 #include "MapaEmbutido.h"
 #include "TJanelaMapa.h"
 
-#include "control/TGis.h"
-#include "platform/Exception.h"
+#include <tavru/control/TGis.h>
+#include <tavru/platform/Exception.h>
 
 #include <QApplication>
 #include <QDir>

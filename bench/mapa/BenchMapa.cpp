@@ -12,12 +12,12 @@
 //   os PNG recebem o quadro pelos elementos (os zooms em NOME-8x.png e NOME-64x.png) e o da
 //   extensão inteira pelo desenho direto.
 
-#include "control/TGis.h"
-#include "core/TGISCamada.h"
-#include "core/TGISObjetoList.h"
-#include "core/TGISProjecaoMercator.h"
-#include "elements/GISElementos.h"
-#include "platform/TCanvas.h"
+#include <tavru/control/TGis.h>
+#include <tavru/core/TGISCamada.h>
+#include <tavru/core/TGISObjetoList.h>
+#include <tavru/core/TGISProjecaoMercator.h>
+#include <tavru/elements/GISElementos.h>
+#include <tavru/platform/TCanvas.h>
 
 #include <QApplication>
 #include <QImage>

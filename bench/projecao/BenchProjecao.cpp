@@ -3,8 +3,8 @@
 // como referência. Cada conversão informa também a cópia medida na mesma execução e a razão
 // conversão / cópia.
 
-#include "core/TGISPosicaoList.h"
-#include "core/TGISProjecaoMercator.h"
+#include <tavru/core/TGISPosicaoList.h>
+#include <tavru/core/TGISProjecaoMercator.h>
 
 #include <benchmark/benchmark.h>
 

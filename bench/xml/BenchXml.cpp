@@ -12,11 +12,11 @@
 // Metas: Ler em no máximo 2,5 × o tempo do pugixml; Gravar a 100 MB/s ou mais; pico de memória
 // da leitura até 4,5 × o tamanho do arquivo; o mapa lido ocupando até o tamanho do arquivo.
 
-#include "core/TGISObjetoList.h"
-#include "elements/GISArea.h"
-#include "elements/GISLinha.h"
-#include "elements/GISPonto.h"
-#include "xml/ReconheceArquivoXML.h"
+#include <tavru/core/TGISObjetoList.h>
+#include <tavru/elements/GISArea.h>
+#include <tavru/elements/GISLinha.h>
+#include <tavru/elements/GISPonto.h>
+#include <tavru/xml/ReconheceArquivoXML.h>
 
 #include <QCoreApplication>
 #include <QDir>

@@ -1,4 +1,4 @@
-#include "companions/components/TBotaoRapido.h"
+#include <tavru/companions/components/TBotaoRapido.h>
 
 namespace tavru {
 

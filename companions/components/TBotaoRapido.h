@@ -2,7 +2,7 @@
 /// \file
 /// O botão rápido das barras de ferramentas: um `QToolButton` com grupo e estado "abaixado".
 
-#include "platform/Exportacao.h"
+#include <tavru/platform/Exportacao.h>
 
 #include <QToolButton>
 

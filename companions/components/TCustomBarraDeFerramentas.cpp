@@ -1,4 +1,4 @@
-#include "companions/components/TCustomBarraDeFerramentas.h"
+#include <tavru/companions/components/TCustomBarraDeFerramentas.h>
 
 namespace tavru {
 

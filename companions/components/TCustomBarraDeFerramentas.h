@@ -2,8 +2,8 @@
 /// \file
 /// A barra de ferramentas base: um painel com uma lista de botões rápidos.
 
-#include "companions/components/TListaBotoes.h"
-#include "platform/Exportacao.h"
+#include <tavru/companions/components/TListaBotoes.h>
+#include <tavru/platform/Exportacao.h>
 
 #include <QWidget>
 

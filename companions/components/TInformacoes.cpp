@@ -1,6 +1,6 @@
-#include "companions/components/TInformacoes.h"
+#include <tavru/companions/components/TInformacoes.h>
 
-#include "platform/TObjectList.h"
+#include <tavru/platform/TObjectList.h>
 
 namespace tavru {
 

@@ -2,7 +2,7 @@
 /// \file
 /// O registro de informações de um objeto do mapa: campos com nome e valor, ambos texto.
 
-#include "platform/Exportacao.h"
+#include <tavru/platform/Exportacao.h>
 
 #include <QString>
 #include <QStringList>

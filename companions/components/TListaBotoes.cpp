@@ -1,6 +1,6 @@
-#include "companions/components/TListaBotoes.h"
+#include <tavru/companions/components/TListaBotoes.h>
 
-#include "platform/TObjectList.h"
+#include <tavru/platform/TObjectList.h>
 
 #include <QHBoxLayout>
 #include <QIcon>

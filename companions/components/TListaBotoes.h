@@ -2,8 +2,8 @@
 /// \file
 /// A lista de botões rápidos de uma barra de ferramentas.
 
-#include "companions/components/TBotaoRapido.h"
-#include "platform/Exportacao.h"
+#include <tavru/companions/components/TBotaoRapido.h>
+#include <tavru/platform/Exportacao.h>
 
 #include <QImage>
 #include <QPointer>

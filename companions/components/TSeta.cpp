@@ -1,6 +1,6 @@
-#include "companions/components/TSeta.h"
+#include <tavru/companions/components/TSeta.h>
 
-#include "platform/TCanvas.h"
+#include <tavru/platform/TCanvas.h>
 
 #include <algorithm>
 

@@ -2,9 +2,9 @@
 /// \file
 /// A seta de seleção que o controle do mapa desenha sobre o objeto selecionado.
 
-#include "platform/Exportacao.h"
-#include "platform/TBrush.h"
-#include "platform/TPoint.h"
+#include <tavru/platform/Exportacao.h>
+#include <tavru/platform/TBrush.h>
+#include <tavru/platform/TPoint.h>
 
 namespace tavru {
 

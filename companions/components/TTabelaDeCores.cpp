@@ -1,6 +1,6 @@
-#include "companions/components/TTabelaDeCores.h"
+#include <tavru/companions/components/TTabelaDeCores.h>
 
-#include "platform/TObjectList.h"
+#include <tavru/platform/TObjectList.h>
 
 namespace tavru {
 

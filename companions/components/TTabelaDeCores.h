@@ -2,8 +2,8 @@
 /// \file
 /// A tabela de cores: uma lista de cores indexada, com uma cor padrão para índices fora dela.
 
-#include "platform/Exportacao.h"
-#include "platform/TColor.h"
+#include <tavru/platform/Exportacao.h>
+#include <tavru/platform/TColor.h>
 
 #include <QObject>
 #include <vector>

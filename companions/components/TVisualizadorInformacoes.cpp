@@ -1,6 +1,6 @@
-#include "companions/components/TVisualizadorInformacoes.h"
+#include <tavru/companions/components/TVisualizadorInformacoes.h>
 
-#include "companions/components/TInformacoes.h"
+#include <tavru/companions/components/TInformacoes.h>
 
 #include <QHeaderView>
 #include <QTableWidget>

@@ -2,7 +2,7 @@
 /// \file
 /// O visualizador do registro de informações de um objeto: uma tabela "Campo" / "Valor".
 
-#include "platform/Exportacao.h"
+#include <tavru/platform/Exportacao.h>
 
 #include <QStringList>
 #include <QWidget>

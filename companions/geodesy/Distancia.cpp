@@ -1,4 +1,4 @@
-#include "companions/geodesy/Distancia.h"
+#include <tavru/companions/geodesy/Distancia.h>
 
 #include <GeographicLib/Geodesic.hpp>
 #include <GeographicLib/GeodesicLine.hpp>

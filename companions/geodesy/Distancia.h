@@ -24,9 +24,9 @@
 /// Pontas de arrays consecutivos coincidem (o fim de um raio é o começo do arco): o contorno pode
 /// ter pontos repetidos em seguida, o que não atrapalha nem o desenho nem a paridade.
 
-#include "companions/geodesy/GISPosicao.h"
-#include "platform/Exportacao.h"
-#include "platform/TPoint.h"
+#include <tavru/companions/geodesy/GISPosicao.h>
+#include <tavru/platform/Exportacao.h>
+#include <tavru/platform/TPoint.h>
 
 #include <vector>
 

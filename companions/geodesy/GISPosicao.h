@@ -5,8 +5,8 @@
 /// Unidade do mundo: o segundo de arco. A latitude vai de -324000 (90° S) a 324000 (90° N) e a
 /// longitude de -648000 (180° W) a 648000 (180° E); graus viram unidades multiplicando por 3600.
 
-#include "platform/Exportacao.h"
-#include "platform/TPoint.h"
+#include <tavru/platform/Exportacao.h>
+#include <tavru/platform/TPoint.h>
 
 #include <QString>
 #include <cstdint>

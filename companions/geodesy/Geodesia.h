@@ -5,9 +5,9 @@
 /// (`Rumo.h`), textos de coordenadas, distâncias e ângulos (`TextoGeodesico.h`), a grade UTM
 /// (`UTM.h`) e o giro de fontes (`RotacaoDeFonte.h`).
 
-#include "companions/geodesy/Distancia.h"
-#include "companions/geodesy/GISPosicao.h"
-#include "companions/geodesy/RotacaoDeFonte.h"
-#include "companions/geodesy/Rumo.h"
-#include "companions/geodesy/TextoGeodesico.h"
-#include "companions/geodesy/UTM.h"
+#include <tavru/companions/geodesy/Distancia.h>
+#include <tavru/companions/geodesy/GISPosicao.h>
+#include <tavru/companions/geodesy/RotacaoDeFonte.h>
+#include <tavru/companions/geodesy/Rumo.h>
+#include <tavru/companions/geodesy/TextoGeodesico.h>
+#include <tavru/companions/geodesy/UTM.h>

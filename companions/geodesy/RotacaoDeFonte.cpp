@@ -1,4 +1,4 @@
-#include "companions/geodesy/RotacaoDeFonte.h"
+#include <tavru/companions/geodesy/RotacaoDeFonte.h>
 
 namespace tavru {
 

@@ -2,8 +2,8 @@
 /// \file
 /// Giro de fontes para textos inclinados.
 
-#include "platform/Exportacao.h"
-#include "platform/TFont.h"
+#include <tavru/platform/Exportacao.h>
+#include <tavru/platform/TFont.h>
 
 namespace tavru {
 

@@ -1,4 +1,4 @@
-#include "companions/geodesy/Rumo.h"
+#include <tavru/companions/geodesy/Rumo.h>
 
 #include <cmath>
 

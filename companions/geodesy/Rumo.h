@@ -6,7 +6,7 @@
 /// crescendo no sentido horário. A conversão é a mesma nos dois sentidos (90 - x), por isso as
 /// duas funções são inversas uma da outra; o resultado vem sempre reduzido a [0, 360).
 
-#include "platform/Exportacao.h"
+#include <tavru/platform/Exportacao.h>
 
 namespace tavru {
 

@@ -1,6 +1,6 @@
-#include "companions/geodesy/TextoGeodesico.h"
+#include <tavru/companions/geodesy/TextoGeodesico.h>
 
-#include "platform/Exception.h"
+#include <tavru/platform/Exception.h>
 
 #include <QRegularExpression>
 

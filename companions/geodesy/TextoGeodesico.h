@@ -8,7 +8,7 @@
 /// aspas duplas, `<` nem `&`, e podem ir tal como estão num atributo XML entre aspas duplas.
 /// Texto que não se lê levanta `EConvertError` com mensagem em português.
 
-#include "platform/Exportacao.h"
+#include <tavru/platform/Exportacao.h>
 
 #include <QString>
 #include <cstdint>

@@ -1,6 +1,6 @@
-#include "companions/geodesy/UTM.h"
+#include <tavru/companions/geodesy/UTM.h>
 
-#include "platform/Exception.h"
+#include <tavru/platform/Exception.h>
 
 #include <GeographicLib/TransverseMercator.hpp>
 

@@ -8,7 +8,7 @@
 /// (6 × fuso - 183 graus), falso leste 500 000 m e falso norte 10 000 000 m no hemisfério sul.
 /// O datum não muda: a latitude e a longitude saem no mesmo elipsoide da grade.
 
-#include "platform/Exportacao.h"
+#include <tavru/platform/Exportacao.h>
 
 #include <QChar>
 #include <QString>

@@ -2,8 +2,8 @@
 /// \file
 /// A interface dos símbolos de uma tabela de símbolos.
 
-#include "platform/Exportacao.h"
-#include "platform/TPoint.h"
+#include <tavru/platform/Exportacao.h>
+#include <tavru/platform/TPoint.h>
 
 #include <QString>
 

@@ -1,6 +1,6 @@
-#include "companions/symbology/InformacoesXML.h"
+#include <tavru/companions/symbology/InformacoesXML.h>
 
-#include "companions/components/TInformacoes.h"
+#include <tavru/companions/components/TInformacoes.h>
 
 #include <pugixml.hpp>
 

@@ -3,7 +3,7 @@
 /// O bloco de informações dos documentos XML: o registro `TInformacoes` de um objeto escrito como
 /// XML e lido de volta de um nó do DOM (pugixml).
 
-#include "platform/Exportacao.h"
+#include <tavru/platform/Exportacao.h>
 
 #include <QString>
 

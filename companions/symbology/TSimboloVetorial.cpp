@@ -1,6 +1,6 @@
-#include "companions/symbology/TSimboloVetorial.h"
+#include <tavru/companions/symbology/TSimboloVetorial.h>
 
-#include "platform/TCanvas.h"
+#include <tavru/platform/TCanvas.h>
 
 #include <algorithm>
 #include <cmath>

@@ -2,9 +2,9 @@
 /// \file
 /// Símbolo vetorial: polígonos, linhas e pontos desenhados numa caixa unitária própria.
 
-#include "companions/symbology/ISimbolo.h"
-#include "platform/Exportacao.h"
-#include "platform/TColor.h"
+#include <tavru/companions/symbology/ISimbolo.h>
+#include <tavru/platform/Exportacao.h>
+#include <tavru/platform/TColor.h>
 
 #include <QPointF>
 #include <cstdint>

@@ -1,6 +1,6 @@
-#include "companions/symbology/TTabelaDeSimbolos.h"
+#include <tavru/companions/symbology/TTabelaDeSimbolos.h>
 
-#include "platform/TObjectList.h"
+#include <tavru/platform/TObjectList.h>
 
 namespace tavru {
 

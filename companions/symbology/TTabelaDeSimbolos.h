@@ -2,9 +2,9 @@
 /// \file
 /// A tabela de símbolos: uma lista indexada de símbolos, dona deles.
 
-#include "companions/symbology/ISimbolo.h"
-#include "platform/Exportacao.h"
-#include "platform/TPoint.h"
+#include <tavru/companions/symbology/ISimbolo.h>
+#include <tavru/platform/Exportacao.h>
+#include <tavru/platform/TPoint.h>
 
 #include <QObject>
 #include <memory>

@@ -1,8 +1,8 @@
 // Barra de ferramentas base: botões rápidos com grupo, estado abaixado e "todos levantados", os
 // espaços vazios da lista e o clique entregue com o índice do botão já no estado novo.
 
-#include "companions/components/TCustomBarraDeFerramentas.h"
-#include "platform/Exception.h"
+#include <tavru/companions/components/TCustomBarraDeFerramentas.h>
+#include <tavru/platform/Exception.h>
 
 #include <QTest>
 #include <gtest/gtest.h>

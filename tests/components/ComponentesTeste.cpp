@@ -1,9 +1,9 @@
 // Registro de informações (campos por nome e por índice, linhas "Nome=Valor", erros de índice) e
 // tabela de cores (índices fora da lista caem na cor padrão).
 
-#include "companions/components/TInformacoes.h"
-#include "companions/components/TTabelaDeCores.h"
-#include "platform/Exception.h"
+#include <tavru/companions/components/TInformacoes.h>
+#include <tavru/companions/components/TTabelaDeCores.h>
+#include <tavru/platform/Exception.h>
 
 #include <gtest/gtest.h>
 

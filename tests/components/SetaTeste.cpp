@@ -1,7 +1,7 @@
 // A seta de seleção: ponta no ponto dado, cor do pincel, tamanho, e o canvas devolvido como estava.
 
-#include "companions/components/TSeta.h"
-#include "platform/TCanvas.h"
+#include <tavru/companions/components/TSeta.h>
+#include <tavru/platform/TCanvas.h>
 
 #include <gtest/gtest.h>
 

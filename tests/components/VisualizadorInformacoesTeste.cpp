@@ -1,6 +1,6 @@
 // O visualizador de informações: uma linha por campo, "Campo" e "Valor", e a limpeza.
 
-#include "companions/components/TVisualizadorInformacoes.h"
+#include <tavru/companions/components/TVisualizadorInformacoes.h>
 
 #include <QTableWidget>
 #include <gtest/gtest.h>

@@ -2,12 +2,12 @@
 // Peças dos testes do controle: um objeto retangular que anota os desenhos, um canvas que anota
 // os textos, uma ferramenta que anota o que recebe e um controle que conta os desenhos.
 
-#include "control/IGISMouseEvent.h"
-#include "control/TGis.h"
-#include "core/TGISCamadaList.h"
-#include "core/TGISProjecao.h"
-#include "platform/Exception.h"
-#include "platform/TCanvas.h"
+#include <tavru/control/IGISMouseEvent.h>
+#include <tavru/control/TGis.h>
+#include <tavru/core/TGISCamadaList.h>
+#include <tavru/core/TGISProjecao.h>
+#include <tavru/platform/Exception.h>
+#include <tavru/platform/TCanvas.h>
 
 #include <QRegularExpression>
 #include <QStringList>

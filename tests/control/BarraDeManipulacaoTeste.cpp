@@ -3,7 +3,7 @@
 
 #include "AuxiliaresControle.h"
 
-#include "control/TGISBarraDeManipulacao.h"
+#include <tavru/control/TGISBarraDeManipulacao.h>
 
 #include <QCursor>
 #include <QTest>

@@ -3,11 +3,11 @@
 
 #include "AuxiliaresControle.h"
 
-#include "companions/components/TSeta.h"
-#include "companions/components/TTabelaDeCores.h"
-#include "companions/components/TVisualizadorInformacoes.h"
-#include "elements/GISPonto.h"
-#include "platform/TStringList.h"
+#include <tavru/companions/components/TSeta.h>
+#include <tavru/companions/components/TTabelaDeCores.h>
+#include <tavru/companions/components/TVisualizadorInformacoes.h>
+#include <tavru/elements/GISPonto.h>
+#include <tavru/platform/TStringList.h>
 
 #include <gtest/gtest.h>
 

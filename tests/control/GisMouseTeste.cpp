@@ -4,7 +4,7 @@
 
 #include "AuxiliaresControle.h"
 
-#include "platform/TStringList.h"
+#include <tavru/platform/TStringList.h>
 
 #include <QCursor>
 #include <QTest>

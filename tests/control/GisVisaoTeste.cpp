@@ -2,11 +2,11 @@
 
 #include "AuxiliaresControle.h"
 
-#include "companions/components/TSeta.h"
-#include "core/TGISProjecaoMercator.h"
-#include "elements/GISImagem.h"
-#include "elements/GISPonto.h"
-#include "platform/TStringList.h"
+#include <tavru/companions/components/TSeta.h>
+#include <tavru/core/TGISProjecaoMercator.h>
+#include <tavru/elements/GISImagem.h>
+#include <tavru/elements/GISPonto.h>
+#include <tavru/platform/TStringList.h>
 
 #include <gtest/gtest.h>
 

@@ -2,8 +2,8 @@
 
 #include "ObjetosDeTeste.h"
 
-#include "core/TGISCamadaList.h"
-#include "platform/Exception.h"
+#include <tavru/core/TGISCamadaList.h>
+#include <tavru/platform/Exception.h>
 
 #include <gtest/gtest.h>
 

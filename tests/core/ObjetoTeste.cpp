@@ -3,8 +3,8 @@
 
 #include "ObjetosDeTeste.h"
 
-#include "companions/components/TTabelaDeCores.h"
-#include "companions/symbology/TTabelaDeSimbolos.h"
+#include <tavru/companions/components/TTabelaDeCores.h>
+#include <tavru/companions/symbology/TTabelaDeSimbolos.h>
 
 #include <gtest/gtest.h>
 

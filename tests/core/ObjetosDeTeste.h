@@ -1,7 +1,7 @@
 #pragma once
 // Objetos e tratadores mínimos para testar o núcleo sem os elementos concretos.
 
-#include "core/GISBase.h"
+#include <tavru/core/GISBase.h>
 
 #include <QStringList>
 

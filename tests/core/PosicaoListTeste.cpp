@@ -1,7 +1,7 @@
 // Listas de posições: cópias por valor, ocorrências repetidas e erros de índice.
 
-#include "core/TGISPosicaoList.h"
-#include "platform/Exception.h"
+#include <tavru/core/TGISPosicaoList.h>
+#include <tavru/platform/Exception.h>
 
 #include <gtest/gtest.h>
 

@@ -1,10 +1,10 @@
 // Projeções: coeficientes, arredondamento, ida e volta, zoom, ajuste a um retângulo, testes de
 // pertinência e a vista do globo da projeção de experiência.
 
-#include "core/GISProjecao.h"
-#include "core/TGISPosicaoList.h"
-#include "core/TGISProjecaoMercator.h"
-#include "platform/Exception.h"
+#include <tavru/core/GISProjecao.h>
+#include <tavru/core/TGISPosicaoList.h>
+#include <tavru/core/TGISProjecaoMercator.h>
+#include <tavru/platform/Exception.h>
 
 #include <gtest/gtest.h>
 

@@ -3,7 +3,7 @@
 
 #include "ObjetosDeTeste.h"
 
-#include "platform/Exception.h"
+#include <tavru/platform/Exception.h>
 
 #include <QIODevice>
 #include <gtest/gtest.h>

@@ -2,10 +2,10 @@
 
 #include "CanvasGravador.h"
 
-#include "companions/components/TTabelaDeCores.h"
-#include "companions/geodesy/Distancia.h"
-#include "elements/GISArea.h"
-#include "elements/GISCorredor.h"
+#include <tavru/companions/components/TTabelaDeCores.h>
+#include <tavru/companions/geodesy/Distancia.h>
+#include <tavru/elements/GISArea.h>
+#include <tavru/elements/GISCorredor.h>
 
 #include <gtest/gtest.h>
 

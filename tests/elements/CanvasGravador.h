@@ -2,10 +2,10 @@
 // Apoio dos testes dos elementos: um canvas que anota as chamadas de desenho (e as repassa ao de
 // verdade), uma projeção de um pixel por segundo de arco, diálogos roteirizados e linhas prontas.
 
-#include "core/TGISPosicaoList.h"
-#include "core/TGISProjecaoMercator.h"
-#include "platform/TCanvas.h"
-#include "platform/TProvedorDeDialogos.h"
+#include <tavru/core/TGISPosicaoList.h>
+#include <tavru/core/TGISProjecaoMercator.h>
+#include <tavru/platform/TCanvas.h>
+#include <tavru/platform/TProvedorDeDialogos.h>
 
 #include <QStringList>
 #include <vector>

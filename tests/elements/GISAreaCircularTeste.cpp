@@ -3,9 +3,9 @@
 
 #include "CanvasGravador.h"
 
-#include "companions/components/TTabelaDeCores.h"
-#include "companions/geodesy/Distancia.h"
-#include "elements/GISElipse.h"
+#include <tavru/companions/components/TTabelaDeCores.h>
+#include <tavru/companions/geodesy/Distancia.h>
+#include <tavru/elements/GISElipse.h>
 
 #include <gtest/gtest.h>
 

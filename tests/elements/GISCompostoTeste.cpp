@@ -3,12 +3,12 @@
 
 #include "CanvasGravador.h"
 
-#include "elements/GISComposto.h"
-#include "elements/GISElementos.h"
-#include "elements/GISElementosMilitares.h"
-#include "elements/GISElipse.h"
-#include "elements/GISImagem.h"
-#include "elements/GISTrajeto.h"
+#include <tavru/elements/GISComposto.h>
+#include <tavru/elements/GISElementos.h>
+#include <tavru/elements/GISElementosMilitares.h>
+#include <tavru/elements/GISElipse.h>
+#include <tavru/elements/GISImagem.h>
+#include <tavru/elements/GISTrajeto.h>
 
 #include <gtest/gtest.h>
 

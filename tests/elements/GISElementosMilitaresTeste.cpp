@@ -4,7 +4,7 @@
 
 #include "CanvasGravador.h"
 
-#include "elements/GISElementosMilitares.h"
+#include <tavru/elements/GISElementosMilitares.h>
 
 #include <gtest/gtest.h>
 

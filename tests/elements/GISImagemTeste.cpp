@@ -4,8 +4,8 @@
 
 #include "CanvasGravador.h"
 
-#include "elements/GISImagem.h"
-#include "platform/Exception.h"
+#include <tavru/elements/GISImagem.h>
+#include <tavru/platform/Exception.h>
 
 #include <gtest/gtest.h>
 

@@ -3,9 +3,9 @@
 
 #include "CanvasGravador.h"
 
-#include "elements/GISTrajeto.h"
-#include "platform/Exception.h"
-#include "platform/TStringList.h"
+#include <tavru/elements/GISTrajeto.h>
+#include <tavru/platform/Exception.h>
+#include <tavru/platform/TStringList.h>
 
 #include <gtest/gtest.h>
 

@@ -3,8 +3,8 @@
 
 #include "CanvasGravador.h"
 
-#include "elements/GISLinha.h"
-#include "platform/Exception.h"
+#include <tavru/elements/GISLinha.h>
+#include <tavru/platform/Exception.h>
 
 #include <gtest/gtest.h>
 

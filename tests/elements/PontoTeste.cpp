@@ -2,9 +2,9 @@
 
 #include "CanvasGravador.h"
 
-#include "companions/symbology/ISimbolo.h"
-#include "companions/symbology/TTabelaDeSimbolos.h"
-#include "elements/GISElementos.h"
+#include <tavru/companions/symbology/ISimbolo.h>
+#include <tavru/companions/symbology/TTabelaDeSimbolos.h>
+#include <tavru/elements/GISElementos.h>
 
 #include <gtest/gtest.h>
 

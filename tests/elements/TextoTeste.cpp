@@ -2,7 +2,7 @@
 
 #include "CanvasGravador.h"
 
-#include "elements/GISTexto.h"
+#include <tavru/elements/GISTexto.h>
 
 #include <QFontMetrics>
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
-#include "companions/geodesy/Distancia.h"
-#include "companions/geodesy/Rumo.h"
+#include <tavru/companions/geodesy/Distancia.h>
+#include <tavru/companions/geodesy/Rumo.h>
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "companions/geodesy/GISPosicao.h"
+#include <tavru/companions/geodesy/GISPosicao.h>
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
-#include "companions/geodesy/GISPosicao.h"
-#include "companions/geodesy/TextoGeodesico.h"
-#include "platform/Exception.h"
+#include <tavru/companions/geodesy/GISPosicao.h>
+#include <tavru/companions/geodesy/TextoGeodesico.h>
+#include <tavru/platform/Exception.h>
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
-#include "companions/geodesy/UTM.h"
-#include "platform/Exception.h"
+#include <tavru/companions/geodesy/UTM.h>
+#include <tavru/platform/Exception.h>
 
 #include <gtest/gtest.h>
 

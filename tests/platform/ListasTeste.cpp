@@ -1,5 +1,5 @@
-#include "platform/TObjectList.h"
-#include "platform/TStringList.h"
+#include <tavru/platform/TObjectList.h>
+#include <tavru/platform/TStringList.h>
 
 #include <gtest/gtest.h>
 

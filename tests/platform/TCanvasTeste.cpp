@@ -1,4 +1,4 @@
-#include "platform/TCanvas.h"
+#include <tavru/platform/TCanvas.h>
 
 #include <gtest/gtest.h>
 

@@ -1,9 +1,9 @@
 // O bloco de informações em XML: a forma escrita, a leitura de volta pelo DOM (campos repetidos,
 // acentos, espaços, entidades), o escape opcional e os blocos que faltam ou vêm incompletos.
 
-#include "companions/components/TInformacoes.h"
-#include "companions/symbology/InformacoesXML.h"
-#include "companions/symbology/Tagsxml.h"
+#include <tavru/companions/components/TInformacoes.h>
+#include <tavru/companions/symbology/InformacoesXML.h>
+#include <tavru/companions/symbology/Tagsxml.h>
 
 #include <gtest/gtest.h>
 #include <pugixml.hpp>

@@ -1,8 +1,8 @@
 // Tabela de símbolos e símbolo vetorial: desenho ajustado e girado, conferido em pixels.
 
-#include "companions/symbology/TSimboloVetorial.h"
-#include "companions/symbology/TTabelaDeSimbolos.h"
-#include "platform/TCanvas.h"
+#include <tavru/companions/symbology/TSimboloVetorial.h>
+#include <tavru/companions/symbology/TTabelaDeSimbolos.h>
+#include <tavru/platform/TCanvas.h>
 
 #include <QImage>
 #include <gtest/gtest.h>

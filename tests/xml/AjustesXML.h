@@ -2,8 +2,8 @@
 // Ajuda dos testes do documento XML: os ajustes da unidade devolvidos a cada teste, uma pasta
 // temporária e atalhos para ler e gravar objetos e documentos.
 
-#include "core/TGISObjetoList.h"
-#include "xml/ReconheceArquivoXML.h"
+#include <tavru/core/TGISObjetoList.h>
+#include <tavru/xml/ReconheceArquivoXML.h>
 
 #include <QDir>
 #include <QFile>

@@ -1,9 +1,9 @@
 // Os caminhos rápidos de graus dão o mesmo que a geodésia, e o documento vira bytes pela
 // codificação que o cabeçalho declara.
 
-#include "companions/geodesy/TextoGeodesico.h"
-#include "platform/Exception.h"
-#include "xml/CodificacaoXML_p.h"
+#include <tavru/companions/geodesy/TextoGeodesico.h>
+#include <tavru/platform/Exception.h>
+#include <tavru/xml/CodificacaoXML_p.h>
 
 #include <gtest/gtest.h>
 #include <cstring>

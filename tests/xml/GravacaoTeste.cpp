@@ -4,16 +4,16 @@
 
 #include "AjustesXML.h"
 
-#include "elements/GISArea.h"
-#include "elements/GISAreaCircular.h"
-#include "elements/GISComposto.h"
-#include "elements/GISCorredor.h"
-#include "elements/GISDerrota.h"
-#include "elements/GISImagem.h"
-#include "elements/GISMeioAcompanhado.h"
-#include "elements/GISTexto.h"
-#include "elements/GISTrajeto.h"
-#include "platform/Exception.h"
+#include <tavru/elements/GISArea.h>
+#include <tavru/elements/GISAreaCircular.h>
+#include <tavru/elements/GISComposto.h>
+#include <tavru/elements/GISCorredor.h>
+#include <tavru/elements/GISDerrota.h>
+#include <tavru/elements/GISImagem.h>
+#include <tavru/elements/GISMeioAcompanhado.h>
+#include <tavru/elements/GISTexto.h>
+#include <tavru/elements/GISTrajeto.h>
+#include <tavru/platform/Exception.h>
 
 #include <csignal>
 #include <sys/resource.h>

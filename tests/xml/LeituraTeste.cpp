@@ -4,14 +4,14 @@
 
 #include "AjustesXML.h"
 
-#include "elements/GISArea.h"
-#include "elements/GISComposto.h"
-#include "elements/GISCorredor.h"
-#include "elements/GISImagem.h"
-#include "elements/GISPonto.h"
-#include "elements/GISTexto.h"
-#include "elements/GISTrajeto.h"
-#include "platform/Exception.h"
+#include <tavru/elements/GISArea.h>
+#include <tavru/elements/GISComposto.h>
+#include <tavru/elements/GISCorredor.h>
+#include <tavru/elements/GISImagem.h>
+#include <tavru/elements/GISPonto.h>
+#include <tavru/elements/GISTexto.h>
+#include <tavru/elements/GISTrajeto.h>
+#include <tavru/platform/Exception.h>
 
 using namespace tavru;
 

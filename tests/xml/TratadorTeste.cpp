@@ -3,8 +3,8 @@
 
 #include "AjustesXML.h"
 
-#include "elements/GISPonto.h"
-#include "platform/Exception.h"
+#include <tavru/elements/GISPonto.h>
+#include <tavru/platform/Exception.h>
 
 #include <QBuffer>
 

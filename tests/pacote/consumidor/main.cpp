@@ -1,8 +1,8 @@
 // Um hospedeiro mínimo do pacote instalado: usa o controle, um elemento e o registro de tratadores
 // (o tratador XML se registra quando a biblioteca carrega) e imprime o filtro de leitura.
-#include "control/GIS.h"
-#include "elements/GISElementos.h"
-#include "xml/ReconheceArquivoXML.h"
+#include <tavru/control/GIS.h>
+#include <tavru/elements/GISElementos.h>
+#include <tavru/xml/ReconheceArquivoXML.h>
 #include <QApplication>
 #include <cstdio>
 int main(int argc, char **argv)
