@@ -5,6 +5,7 @@
 #include <tavru/companions/components/TVisualizadorInformacoes.h>
 #include <tavru/companions/symbology/TTabelaDeSimbolos.h>
 #include <tavru/control/IGISMouseEvent.h>
+#include <tavru/control/TGradeDeRotulos_p.h>
 #include <tavru/core/Arredondar.h>
 #include <tavru/core/TGISCamadaList.h>
 #include <tavru/core/TGISProjecaoMercator.h>
@@ -18,9 +19,11 @@
 #include <QPainter>
 #include <QRegion>
 #include <algorithm>
+#include <cmath>
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
+#include <optional>
 
 namespace tavru {
 
@@ -42,6 +45,8 @@ TGis::TGis(QWidget *parent)
 TGis::~TGis()
 {
     emit Destruindo();
+    // Daqui em diante o controle está pela metade: nenhum sinal sai dele.
+    blockSignals(true);
     FVigia.reset();
     FFerramentas.clear();
     FSeta.reset();
@@ -99,8 +104,11 @@ void TGis::MoverParaTras(const QString &nome)
 
 void TGis::Limpar()
 {
+    const bool tinhaSelecao = FObjetoSelecionado != nullptr;
     FObjetoSelecionado = nullptr;
     FCamadas->Clear();
+    if (tinhaSelecao)
+        emit ObjetoSelecionadoMudou(nullptr);
 }
 
 // Desenho.
@@ -124,18 +132,31 @@ void TGis::Desenhar()
 
     TGISObjeto::AtribuirTabelaSimbolos(FTabelaDeSimbolos);
     const double zoom = FProjecao->Zoom();
+    // Sem sobreposição de rótulos, a grade vale para o desenho inteiro (todas as camadas).
+    std::optional<TGradeDeRotulos> grade;
+    if (FRotulosSemSobreposicao)
+        grade.emplace(FProjecao->AreaTela());
     for (int i = 0; i < FCamadas->Count(); ++i) {
         TGISCamada *camada = FCamadas->Items(i);
         if (!(zoom < camada->ZoomMinimo()) && !(zoom > camada->ZoomMaximo()))
-            DesenharCamada(*camada, canvas, *FProjecao);
+            DesenharCamada(*camada, canvas, *FProjecao, grade ? &*grade : nullptr);
     }
     DesenharObjetoSelecionado();
     if (FSeta->Mostrar())
         FSeta->Desenhar(canvas);
     Paint();
+    AvisarVisao();
 }
 
 void TGis::DesenharCamada(TGISCamada &camada, TCanvas &canvas, TGISProjecao &projecao)
+{
+    std::optional<TGradeDeRotulos> grade;
+    if (FRotulosSemSobreposicao)
+        grade.emplace(projecao.AreaTela());
+    DesenharCamada(camada, canvas, projecao, grade ? &*grade : nullptr);
+}
+
+void TGis::DesenharCamada(TGISCamada &camada, TCanvas &canvas, TGISProjecao &projecao, TGradeDeRotulos *grade)
 {
     canvas.Font().Assign(FFont);
     canvas.Brush().Assign(FBrush);
@@ -195,11 +216,11 @@ void TGis::DesenharCamada(TGISCamada &camada, TCanvas &canvas, TGISProjecao &pro
     // busca índice a índice, numa passada só. Textos vazios não escrevem nada e são pulados. O
     // alinhamento é o de esquerda e topo, qualquer que seja o que um objeto deixou no canvas.
     const unsigned alinhamento = canvas.SetTextAlign(TA_LEFT | TA_TOP);
-    auto escrever = [&canvas](const TEntrada &e) {
+    auto escrever = [&](const TEntrada &e) {
         if (e.Texto.isEmpty())
             return;
         canvas.Brush().Style = bsClear;
-        canvas.TextOut(e.X, e.Y, e.Texto);
+        EscreverRotulo(canvas, e.X, e.Y, e.Texto, grade);
     };
     for (const TEntrada &e : entradas)
         if (e.Indice == 0)
@@ -214,7 +235,7 @@ void TGis::DesenharObjetoSelecionado()
 {
     if (!FObjetoSelecionado)
         return;
-    FSeta->Mover(FProjecao->MundoParaTela(FObjetoSelecionado->Posicao()));
+    FSeta->Mover(FProjecao->MundoParaTela(PosicaoDaSeta(*FObjetoSelecionado)));
     TCanvas &canvas = *FCanvas;
     const TColor cor = FSeta->Brush().Color;
     canvas.Pen().Color = cor;
@@ -323,6 +344,7 @@ void TGis::SelecionarObjeto(TGISObjeto *objeto)
 {
     if (objeto == FObjetoSelecionado)
         return;
+    TGISObjeto *const anterior = FObjetoSelecionado;
     if (DoMudaObjetoSelecionado(objeto))
         FObjetoSelecionado = objeto;
     if (FVisualizadorInformacoes) {
@@ -333,6 +355,8 @@ void TGis::SelecionarObjeto(TGISObjeto *objeto)
     }
     Desenhar();
     ParaCadaFerramenta([objeto](IGISMouseEvent &f) { f.GISSelecionou(objeto); });
+    if (FObjetoSelecionado != anterior)
+        emit ObjetoSelecionadoMudou(FObjetoSelecionado);
 }
 
 bool TGis::DoMudaObjetoSelecionado(TGISObjeto *objeto)
@@ -357,6 +381,7 @@ void TGis::resizeEvent(QResizeEvent *evento)
     QWidget::resizeEvent(evento);
     FProjecao->DoAtribuirAreaTela(TRect(0, 0, width(), height()));
     Desenhar();
+    AvisarVisao();
 }
 
 void TGis::FitToWindow()
@@ -740,12 +765,114 @@ void TGis::mouseMoveEvent(QMouseEvent *evento)
     QWidget::mouseMoveEvent(evento);
     const TPoint ponto = PontoDoEvento(evento);
     ParaCadaFerramenta([&](IGISMouseEvent &f) { f.GISMouseMove(ponto); });
+    FCursorDentro = true;
+    FPontoDoCursor = ponto;
+    emit PosicaoDoCursorMudou(FProjecao->TelaParaMundo(ponto));
 }
 
 void TGis::leaveEvent(QEvent *evento)
 {
     QWidget::leaveEvent(evento);
     ParaCadaFerramenta([](IGISMouseEvent &f) { f.GisMouseLeave(); });
+    FCursorDentro = false;
+    emit CursorSaiu();
+}
+
+// Extensões: visão, seta e rótulos.
+
+double TGis::Zoom() const
+{
+    return FProjecao->Zoom();
+}
+
+void TGis::AtribuirZoom(double zoom)
+{
+    if (!std::isfinite(zoom))
+        return;
+    FProjecao->DoAtribuirZoom(zoom);
+    Desenhar();
+}
+
+QPointF TGis::CentroEmGraus() const
+{
+    const TGISPosicao c = FProjecao->Centro();
+    return QPointF(c.Longitude / 3600.0, c.Latitude / 3600.0);
+}
+
+void TGis::AtribuirCentroEmGraus(const QPointF &graus)
+{
+    if (!std::isfinite(graus.x()) || !std::isfinite(graus.y()))
+        return;
+    // Limitado antes de arredondar, para que a conversão nunca transborde.
+    auto segundos = [](double g) {
+        return Saturar32(static_cast<std::int64_t>(std::llround(std::clamp(g * 3600.0, -4.0e9, 4.0e9))));
+    };
+    FProjecao->AtribuirCentro(GISPosicao(segundos(graus.y()), segundos(graus.x())));
+    Desenhar();
+}
+
+void TGis::AjustarACamada(const QString &nome)
+{
+    TGISCamada *camada = ObterCamada(nome);
+    if (!camada)
+        return;
+    TGISObjetoList &objetos = camada->Objetos();
+    if (std::none_of(objetos.begin(), objetos.end(), [](const TGISObjeto *o) { return o != nullptr; }))
+        return;
+    objetos.CalcularLimites();
+    FProjecao->DoAtribuirAreaTela(TRect(0, 0, width(), height()));
+    FProjecao->FitToRect(objetos.Limites());
+    Desenhar();
+}
+
+TGISPosicao TGis::PosicaoDaSeta(const TGISObjeto &objeto) const
+{
+    const TGISPosicao p = objeto.Posicao();
+    if (!FSetaNoCentroDaArea)
+        return p;
+    const TGISRet area = objeto.Area();
+    return Contem(area, GISRet(p.Latitude, p.Longitude, p.Latitude, p.Longitude)) ? p : Centro(area);
+}
+
+bool TGis::EscreverRotulo(TCanvas &canvas, int x, int y, const QString &texto, TGradeDeRotulos *grade)
+{
+    const int halo = FCorDoHalo == clNone ? 0 : 2;
+    if (grade) {
+        const QSize tamanho = canvas.TextExtent(texto);
+        const TRect caixa(x - halo, y - halo, x + tamanho.width() + halo, y + tamanho.height() + halo);
+        if (!grade->Ocupar(caixa))
+            return false;
+    }
+    if (halo) {
+        // O contorno: o texto na cor do halo em cada deslocamento de até 2 pixels (sem os quatro
+        // cantos, para um contorno arredondado), depois o texto por cima.
+        const TColor cor = canvas.Font().Color;
+        canvas.Font().Color = FCorDoHalo;
+        for (int dy = -halo; dy <= halo; ++dy)
+            for (int dx = -halo; dx <= halo; ++dx)
+                if ((dx || dy) && std::abs(dx) + std::abs(dy) < 2 * halo)
+                    canvas.TextOut(x + dx, y + dy, texto);
+        canvas.Font().Color = cor;
+    }
+    canvas.TextOut(x, y, texto);
+    return true;
+}
+
+void TGis::AvisarVisao()
+{
+    const double zoom = FProjecao->Zoom();
+    const TGISPosicao centro = FProjecao->Centro();
+    const QSize tamanho = size();
+    if (FVisaoAvisada && zoom == FZoomAvisado && centro.Latitude == FCentroAvisado.Latitude
+        && centro.Longitude == FCentroAvisado.Longitude && tamanho == FTamanhoAvisado)
+        return;
+    FVisaoAvisada = true;
+    FZoomAvisado = zoom;
+    FCentroAvisado = centro;
+    FTamanhoAvisado = tamanho;
+    emit VisaoMudou();
+    if (FCursorDentro)
+        emit PosicaoDoCursorMudou(FProjecao->TelaParaMundo(FPontoDoCursor));
 }
 
 } // namespace tavru

@@ -3,6 +3,7 @@
 /// O controle do mapa: camadas, projeção, buffer de desenho, rótulos, seleção e ferramentas.
 
 #include <tavru/companions/geodesy/GISPosicao.h>
+#include <tavru/core/TGISObjeto.h>
 #include <tavru/platform/Exportacao.h>
 #include <tavru/platform/TBrush.h>
 #include <tavru/platform/TColor.h>
@@ -12,7 +13,9 @@
 
 #include <QColor>
 #include <QImage>
+#include <QPointF>
 #include <QSet>
+#include <QSize>
 #include <QStringList>
 #include <QWidget>
 #include <functional>
@@ -25,8 +28,8 @@ class IGISMouseEvent;
 class TCanvas;
 class TGISCamada;
 class TGISCamadaList;
-class TGISObjeto;
 class TGISProjecao;
+class TGradeDeRotulos;
 class TSeta;
 class TStringList;
 class TTabelaDeCores;
@@ -65,12 +68,23 @@ class TVisualizadorInformacoes;
 /// a camada pelo nome sem diferenciar maiúsculas e ignoram nomes desconhecidos; `MoverParaFrente`
 /// da camada de cima e `MoverParaTras` da de baixo levantam `EListError` da lista, de propósito.
 ///
+/// **Extensões.** Além do comportamento de referência, o controle tem: sinais do Qt (seleção,
+/// visão, cursor) ao lado dos eventos `std::function`; `Zoom` e `Centro` como propriedades;
+/// `AjustarACamada`, que ajusta a visão aos limites de verdade de uma camada; a opção de pôr a seta
+/// no centro da área do objeto; e duas opções dos rótulos (halo e rótulos sem sobreposição).
+/// Todas as opções vêm desligadas, de modo que o desenho padrão fica o de referência.
+///
 /// Tudo roda na linha de execução da interface.
 class TAVRU_GIS_EXPORT TGis : public QWidget
 {
     Q_OBJECT
     Q_PROPERTY(QStringList Rotulos READ TextosRotulos WRITE AtribuirTextosRotulos)
     Q_PROPERTY(QColor Color READ CorQt WRITE AtribuirCorQt)
+    Q_PROPERTY(double Zoom READ Zoom WRITE AtribuirZoom NOTIFY VisaoMudou)
+    Q_PROPERTY(QPointF Centro READ CentroEmGraus WRITE AtribuirCentroEmGraus NOTIFY VisaoMudou)
+    Q_PROPERTY(int CorDoHalo READ CorDoHalo WRITE AtribuirCorDoHalo)
+    Q_PROPERTY(bool RotulosSemSobreposicao READ RotulosSemSobreposicao WRITE AtribuirRotulosSemSobreposicao)
+    Q_PROPERTY(bool SetaNoCentroDaArea READ SetaNoCentroDaArea WRITE AtribuirSetaNoCentroDaArea)
 
 public:
     /// Pergunta ao hospedeiro se a seleção pode mudar para `novoObjeto` (nulo: nenhum);
@@ -242,10 +256,55 @@ public:
     /// Levantado por `Paint`, depois de mostrar o buffer.
     TNotifyEvent OnPaint;
 
+    // Extensões: visão, seta e rótulos.
+
+    /// O zoom da projeção (a razão da escala da tela, `TGISProjecao::Zoom`).
+    double Zoom() const;
+    /// Muda o zoom da projeção (limitado por ela) e redesenha. Um valor que não é finito é ignorado.
+    void AtribuirZoom(double zoom);
+    /// O centro da visão em graus decimais: x é a longitude, y a latitude.
+    QPointF CentroEmGraus() const;
+    /// Centra a visão no ponto em graus (x longitude, y latitude; arredondado ao segundo de arco) e
+    /// redesenha. Um ponto que não é finito é ignorado.
+    void AtribuirCentroEmGraus(const QPointF &graus);
+    /// Ajusta a visão aos limites de verdade dos objetos da camada (recalculados com
+    /// `CalcularLimites`) e redesenha. Ao contrário de `FitToCamada`, que fica como é, este ajusta
+    /// à camada. Camada desconhecida ou sem objetos: nada.
+    void AjustarACamada(const QString &nome);
+
+    /// Verdadeiro: quando a `Posicao` do objeto selecionado fica fora da sua `Area` (linhas e
+    /// áreas lidas de documentos ficam em (0, 0)), a seta aponta o centro da área. Falso (padrão):
+    /// a seta aponta a `Posicao`, como no desenho de referência.
+    bool SetaNoCentroDaArea() const { return FSetaNoCentroDaArea; }
+    void AtribuirSetaNoCentroDaArea(bool ligada) { FSetaNoCentroDaArea = ligada; }
+    /// Cor do halo dos rótulos (`0x00BBGGRR`): cada rótulo ganha um contorno de 2 pixels nessa cor
+    /// por baixo do texto, para que se leia sobre fundos escuros. -1 (padrão): sem halo.
+    TColor CorDoHalo() const { return FCorDoHalo; }
+    void AtribuirCorDoHalo(TColor cor) { FCorDoHalo = cor; }
+    /// Verdadeiro: num desenho do mapa inteiro (`Desenhar`), das camadas de baixo para cima e, em
+    /// cada uma, na ordem em que os rótulos são escritos, um rótulo cuja caixa (o texto, mais o
+    /// halo quando há) se sobrepõe à de um rótulo já escrito é pulado: vale o primeiro. Com
+    /// `DesenharCamada` chamado sozinho, vale dentro da camada. Falso (padrão): todos os rótulos.
+    bool RotulosSemSobreposicao() const { return FRotulosSemSobreposicao; }
+    void AtribuirRotulosSemSobreposicao(bool ligada) { FRotulosSemSobreposicao = ligada; }
+
 Q_SIGNALS:
     /// Emitido no começo da destruição, enquanto o controle ainda está inteiro: quem guarda uma
     /// referência a ele (as barras) a esquece aqui.
     void Destruindo();
+    /// Extensão: o objeto selecionado mudou (depois da pergunta `OnMudaObjetoSelecionado`: uma
+    /// mudança recusada não emite). Nulo: nenhum. Também quando `Limpar` esquece a seleção.
+    void ObjetoSelecionadoMudou(tavru::TGISObjeto *objeto);
+    /// Extensão: o zoom, o centro ou o tamanho da tela mudou desde o último aviso. Verificado no
+    /// fim de cada `Desenhar` e a cada redimensionamento, de modo que ferramentas que mexem direto
+    /// na projeção e depois redesenham também avisam.
+    void VisaoMudou();
+    /// Extensão: a posição do mundo (segundos de arco) sob o cursor, a cada movimento do mouse e
+    /// a cada mudança da visão com o cursor sobre o mapa. Pode ficar fora do mundo (além de
+    /// ±90° e ±180°) quando a visão mostra o que há além dele.
+    void PosicaoDoCursorMudou(const tavru::TGISPosicao &posicao);
+    /// Extensão: o cursor saiu do mapa.
+    void CursorSaiu();
 
 protected:
     /// Levanta `OnMudaObjetoSelecionado` e responde se a seleção pode mudar. Antes, e mesmo que a
@@ -314,6 +373,30 @@ private:
     QSet<QObject *> FVigiados;
     TGISRet FRetanguloAjuste = GISRet(0, 0, 0, 0);
     bool FCliqueArmado = false;
+
+    // Extensões: as opções da seta e dos rótulos, e o que foi avisado por último.
+
+    /// Desenha a camada escrevendo os rótulos na grade dada (nula: sem teste de sobreposição).
+    void DesenharCamada(TGISCamada &camada, TCanvas &canvas, TGISProjecao &projecao, TGradeDeRotulos *grade);
+    /// Escreve o rótulo em (x, y) com o halo, se há; pula-o (falso) quando a grade diz que ele se
+    /// sobrepõe a outro.
+    bool EscreverRotulo(TCanvas &canvas, int x, int y, const QString &texto, TGradeDeRotulos *grade);
+    /// Onde a seta aponta: a `Posicao` do objeto ou, com `SetaNoCentroDaArea` e a posição fora da
+    /// área, o centro da área.
+    TGISPosicao PosicaoDaSeta(const TGISObjeto &objeto) const;
+    /// Emite `VisaoMudou` (e a posição do cursor, se ele está sobre o mapa) quando o zoom, o
+    /// centro ou o tamanho diferem dos do último aviso.
+    void AvisarVisao();
+
+    TColor FCorDoHalo = clNone;
+    bool FRotulosSemSobreposicao = false;
+    bool FSetaNoCentroDaArea = false;
+    bool FVisaoAvisada = false;
+    double FZoomAvisado = 0.0;
+    TGISPosicao FCentroAvisado{};
+    QSize FTamanhoAvisado;
+    bool FCursorDentro = false;
+    TPoint FPontoDoCursor;
 };
 
 } // namespace tavru

@@ -235,12 +235,9 @@ def camada_plotagem():
         linhas.append("</Ponto>")
     linhas.append("</Pontos>")
     linhas.append("</Trajeto>")
-    # Texto: o leitor não lê a posição de um texto (ele fica na posição de um texto novo, 0°N 0°E,
-    # que é no Atlântico); o texto diz isso.
-    linhas += (['<Texto Latitude="%s" Longitude="%s" Fonte="DejaVu Sans" Orientação="0°" AlinhamentoVertical="2" '
-                'AlinhamentoHorizontal="2" Texto="Oceano Atlântico" FonteTamanho="14"> '
-                % (grau(0, True), grau(0, False))]
-               + informacoes([("Nome", "Oceano Atlântico")]) + ["</Texto>"])
+    # Nenhum texto: o leitor não lê a posição de um texto, que ficaria em (0, 0), no golfo da Guiné,
+    # e puxaria o "ajustar à janela" para longe da América do Sul. Os nomes dos oceanos são
+    # montados pela demonstração.
     return linhas
 
 

@@ -5,7 +5,9 @@
 #include <tavru/core/TGISCamadaList.h>
 #include <tavru/core/TGISObjetoList.h>
 #include <tavru/platform/Exception.h>
+#include <tavru/xml/ConfiguracaoXML.h>
 
+#include <QDir>
 #include <QFileInfo>
 #include <memory>
 
@@ -31,16 +33,42 @@ QString TipoDoArquivo(const QString &arquivo, const QString &filtroEscolhido, bo
     return tipo.isEmpty() ? TGISObjetoList::ObterTipoPelaExtencao(QFileInfo(arquivo).suffix(), leitura) : tipo;
 }
 
+void AjustarDocumentosDoAplicativo()
+{
+    ESCAPAR_TEXTOS = true;
+    CABECALHO = QStringLiteral("<?xml version=\"1.0\" encoding=\"UTF-8\"?>");
+}
+
 TGISCamada &AbrirEmCamadaNova(TGis &gis, const QString &arquivo, const QString &tipo)
 {
     const QString achado = TipoOuPelaExtensao(arquivo, tipo, true);
-    auto camada = std::make_unique<TGISCamada>(QFileInfo(arquivo).completeBaseName());
+    const QString base = QFileInfo(arquivo).completeBaseName();
+    QString nome = base;
+    for (int n = 2; gis.ObterCamada(nome); ++n)
+        nome = QStringLiteral("%1 (%2)").arg(base).arg(n);
+    auto camada = std::make_unique<TGISCamada>(nome);
     camada->Objetos().Ler(arquivo, achado);
+    // Um documento que o tratador aceita sem achar nada que conheça não vira uma camada vazia.
+    if (camada->Objetos().Count() == 0)
+        throw EInvalidOperation(QStringLiteral("nenhum objeto reconhecido em %1").arg(arquivo));
     camada->Visibilidade(true, true);
     TGISCamada &nova = *camada;
     gis.Camadas().Add(camada.release());
     gis.Zerado();
     return nova;
+}
+
+QString ArquivoParaSalvar(const TGISCamada &camada)
+{
+    const QString atual = camada.Objetos().NomeArquivo();
+    if (!atual.isEmpty() && !atual.startsWith(QLatin1Char(':')))
+        return atual;
+    QString nome = camada.Nome();
+    for (const QChar proibido : {QLatin1Char('/'), QLatin1Char('\\'), QLatin1Char(':')})
+        nome.replace(proibido, QLatin1Char('_'));
+    if (nome.trimmed().isEmpty())
+        nome = QStringLiteral("camada");
+    return QDir::home().filePath(nome + QStringLiteral(".xml"));
 }
 
 void GravarCamada(TGISCamada &camada, const QString &arquivo, const QString &tipo)

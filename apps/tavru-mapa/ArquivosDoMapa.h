@@ -14,11 +14,24 @@ class TGISCamada;
 /// achado pela extensão. Vazio quando nenhum tratador serve.
 QString TipoDoArquivo(const QString &arquivo, const QString &filtroEscolhido, bool leitura);
 
-/// Lê o arquivo numa camada nova, chamada pelo nome do arquivo sem a extensão, e a põe por cima
-/// das outras (com `Zerado`, que redesenha). `tipo` vazio procura o tratador pela extensão.
-/// Qualquer erro (o arquivo, o tratador, nenhum tratador) levanta `Exception` com a mensagem a
-/// mostrar, e o mapa fica como estava. Devolve a camada nova (possuída pelo mapa).
+/// Os ajustes do documento XML que o aplicativo usa, para que tudo o que ele grava se leia de
+/// volta igual: `ESCAPAR_TEXTOS` ligado (um "&", "<" ou aspas num texto não estraga o documento) e
+/// o cabeçalho UTF-8 (qualquer caractere se grava). A biblioteca fica com os seus padrões; só o
+/// aplicativo muda os dele, uma vez, ao começar.
+void AjustarDocumentosDoAplicativo();
+
+/// Lê o arquivo numa camada nova, chamada pelo nome do arquivo sem a extensão (com " (2)", " (3)"...
+/// quando o nome já é de outra camada, sem distinguir maiúsculas), e a põe por cima das outras
+/// (com `Zerado`, que redesenha). `tipo` vazio procura o tratador pela extensão. Qualquer erro (o
+/// arquivo, o tratador, nenhum tratador, nenhum objeto reconhecido no documento) levanta
+/// `Exception` com a mensagem a mostrar, e o mapa fica como estava. Devolve a camada nova
+/// (possuída pelo mapa).
 TGISCamada &AbrirEmCamadaNova(TGis &gis, const QString &arquivo, const QString &tipo = QString());
+
+/// O arquivo que o diálogo de salvar propõe para a camada: o dela, quando ela veio de um arquivo
+/// de verdade; senão (uma camada nova, ou lida dos recursos embutidos ":/..."), o nome da camada
+/// com ".xml" na pasta do usuário.
+QString ArquivoParaSalvar(const TGISCamada &camada);
 
 /// Grava os objetos da camada no arquivo pelo tratador `tipo` (vazio: pela extensão). Erros
 /// levantam `Exception`; uma gravação que falha não destrói o arquivo que existia.

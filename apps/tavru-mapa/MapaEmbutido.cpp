@@ -87,6 +87,11 @@ void MontarMapaEmbutido(TGis &gis)
     gis.FonteRotulo().SetSize(8);
     gis.FonteRotulo().Style = Estilo(fsBold);
     gis.FonteRotulo().Color = RGB(40, 40, 40);
+    // Rótulos legíveis onde se aglomeram (Nordeste, Rio, São Paulo) e sobre a figura de satélite,
+    // e a seta no meio das linhas e áreas lidas do documento (que ficam na posição (0, 0)).
+    gis.AtribuirCorDoHalo(clWhite);
+    gis.AtribuirRotulosSemSobreposicao(true);
+    gis.AtribuirSetaNoCentroDaArea(true);
     CarregarMapaDeExemplo(gis);
     // A figura de satélite fica logo acima dos países, embaixo dos estados (que não têm fundo).
     MontarSatelite(gis);

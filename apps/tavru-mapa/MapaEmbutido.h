@@ -12,7 +12,8 @@ class TGis;
 /// ":/mapa", ver `CarregarMapaDeExemplo`), "Grade" (meridianos e paralelos de 10 em 10 graus),
 /// "Textos" (os oceanos) e, na camada "Plotagem", os objetos que o documento não guarda (meios
 /// acompanhados, derrota, setor, elipse, composto, trajeto; ver `MontarPlotagem`). Põe a cor do
-/// mar no fundo do mapa e a fonte dos rótulos; não redesenha (quem chama termina com `Zerado` e
+/// mar no fundo do mapa, a fonte dos rótulos, o halo branco e os rótulos sem sobreposição, e a
+/// seta no centro da área dos objetos; não redesenha (quem chama termina com `Zerado` e
 /// `AjustarVistaInicial`).
 void MontarMapaEmbutido(TGis &gis);
 

@@ -16,6 +16,7 @@
 
 #include <QDockWidget>
 #include <QLabel>
+#include <QLocale>
 #include <QMenuBar>
 #include <QStatusBar>
 #include <QToolBar>
@@ -27,7 +28,8 @@ TJanelaMapa::TJanelaMapa(QWidget *parent)
       FGis(new TGis(this)),
       FBarra(new TGISBarraDeManipulacao(this)),
       FVisualizador(new TVisualizadorInformacoes(this)),
-      FPosicao(new QLabel(this))
+      FPosicao(new QLabel(this)),
+      FZoom(new QLabel(this))
 {
     setWindowTitle(QStringLiteral("Tavru GIS — mapa de demonstração"));
     setCentralWidget(FGis);
@@ -52,8 +54,15 @@ TJanelaMapa::TJanelaMapa(QWidget *parent)
     exibir->addAction(QStringLiteral("&Ajustar a Janela"), FGis, [this] { FGis->FitToWindow(); });
     exibir->addAction(doca->toggleViewAction());
 
+    FPosicao->setObjectName(QStringLiteral("posicao"));
+    FZoom->setObjectName(QStringLiteral("zoom"));
     statusBar()->addPermanentWidget(FPosicao);
+    statusBar()->addPermanentWidget(FZoom);
     statusBar()->showMessage(QStringLiteral("Clique num objeto rotulado para ver as suas informações."));
+    connect(FGis, &TGis::PosicaoDoCursorMudou, FPosicao,
+            [this](const TGISPosicao &p) { FPosicao->setText(TextoDaPosicao(p)); });
+    connect(FGis, &TGis::CursorSaiu, FPosicao, &QLabel::clear);
+    connect(FGis, &TGis::VisaoMudou, FZoom, [this] { MostrarZoom(); });
 
     MontarMapaEmbutido(*FGis);
     FGis->RegistrarMouseEvent(this);
@@ -76,12 +85,22 @@ TJanelaMapa::~TJanelaMapa()
 
 void TJanelaMapa::AbrirArquivos(const QStringList &arquivos)
 {
-    for (const QString &arquivo : arquivos) {
-        try {
-            AbrirEmCamadaNova(*FGis, arquivo);
-        } catch (const Exception &e) {
-            Dialogos().Mensagem(e.Message(), QStringLiteral("Abrir camada"), mtErro);
-        }
+    for (const QString &arquivo : arquivos)
+        Abrir(arquivo, QString());
+}
+
+void TJanelaMapa::Abrir(const QString &arquivo, const QString &tipo)
+{
+    try {
+        TGISCamada &camada = AbrirEmCamadaNova(*FGis, arquivo, tipo);
+        FGis->AjustarACamada(camada.Nome());
+        const int total = camada.Objetos().Count();
+        statusBar()->showMessage(QStringLiteral("%1 %2 lido%3 de %4")
+                                     .arg(total)
+                                     .arg(total == 1 ? QStringLiteral("objeto") : QStringLiteral("objetos"),
+                                          total == 1 ? QString() : QStringLiteral("s"), arquivo));
+    } catch (const Exception &e) {
+        Dialogos().Mensagem(e.Message(), QStringLiteral("Abrir camada"), mtErro);
     }
 }
 
@@ -92,11 +111,7 @@ void TJanelaMapa::AbrirCamada()
     int indice = 1;
     if (!Dialogos().AbrirArquivo(QStringLiteral("Abrir camada"), filtro, nome, indice))
         return;
-    try {
-        AbrirEmCamadaNova(*FGis, nome, TipoDoArquivo(nome, TProvedorDeDialogos::ParDoFiltro(filtro, indice), true));
-    } catch (const Exception &e) {
-        Dialogos().Mensagem(e.Message(), QStringLiteral("Abrir camada"), mtErro);
-    }
+    Abrir(nome, TipoDoArquivo(nome, TProvedorDeDialogos::ParDoFiltro(filtro, indice), true));
 }
 
 void TJanelaMapa::SalvarCamada()
@@ -109,7 +124,7 @@ void TJanelaMapa::SalvarCamada()
         return;
     const QString filtro = TGISObjetoList::ObterFiltroCompletoDeEscrita();
     const QString titulo = QStringLiteral("Salvar a camada %1").arg(camada->Nome());
-    QString nome = camada->Objetos().NomeArquivo();
+    QString nome = ArquivoParaSalvar(*camada);
     int indice = 1;
     if (!Dialogos().SalvarArquivo(titulo, filtro, nome, indice))
         return;
@@ -127,17 +142,17 @@ void TJanelaMapa::GISMouseClick(const TPoint &ponto)
         FGis->SelecionarObjeto(FGis->ObterObjeto(ponto));
 }
 
-void TJanelaMapa::GISMouseMove(const TPoint &ponto)
+QString TJanelaMapa::TextoDaPosicao(const TGISPosicao &p)
 {
-    // O ponto do movimento é o do cursor: sem perguntar a posição ao sistema a cada movimento.
-    const TGISPosicao p = FGis->Projecao()->TelaParaMundo(ponto);
-    FPosicao->setText(
-        QStringLiteral("Latitude %1   Longitude %2").arg(IntToGrau(p.Latitude, true), IntToGrau(p.Longitude, false)));
+    if (p.Latitude < MundoInteiro.Pos1.Latitude || p.Latitude > MundoInteiro.Pos2.Latitude
+        || p.Longitude < MundoInteiro.Pos1.Longitude || p.Longitude > MundoInteiro.Pos2.Longitude)
+        return QStringLiteral("fora do mundo");
+    return QStringLiteral("Latitude %1   Longitude %2").arg(IntToGrau(p.Latitude, true), IntToGrau(p.Longitude, false));
 }
 
-void TJanelaMapa::GisMouseLeave()
+void TJanelaMapa::MostrarZoom()
 {
-    FPosicao->clear();
+    FZoom->setText(QStringLiteral("Zoom %1").arg(QLocale(QLocale::Portuguese, QLocale::Brazil).toString(FGis->Zoom(), 'f', 2)));
 }
 
 } // namespace tavru

@@ -1,12 +1,15 @@
 // tavru-mapa: o aplicativo de demonstração. Com tela, abre a janela do mapa; sem tela (nem
-// DISPLAY nem WAYLAND_DISPLAY), ou com "--png ARQUIVO", desenha o mapa num PNG e imprime o caminho
-// dele. Os arquivos dados na linha de comando abrem em camadas novas por cima do mapa de exemplo.
+// DISPLAY nem WAYLAND_DISPLAY, ou uma tela que não abre), ou com "--png ARQUIVO", desenha o mapa
+// num PNG e imprime o caminho dele. Os arquivos dados na linha de comando abrem em camadas novas
+// por cima do mapa de exemplo, e a visão se ajusta ao último aberto.
 
 #include "ArquivosDoMapa.h"
 #include "MapaEmbutido.h"
 #include "TJanelaMapa.h"
+#include "TraducoesDoQt.h"
 
 #include <tavru/control/TGis.h>
+#include <tavru/core/TGISCamada.h>
 #include <tavru/platform/Exception.h>
 
 #include <QApplication>
@@ -51,15 +54,18 @@ int DesenharEmPng(const QString &arquivo, const QStringList &documentos)
     MontarMapaEmbutido(gis);
     gis.Zerado();
     int resultado = 0;
+    QString ultima;
     for (const QString &documento : documentos) {
         try {
-            AbrirEmCamadaNova(gis, documento);
+            ultima = AbrirEmCamadaNova(gis, documento).Nome();
         } catch (const Exception &e) {
             std::fprintf(stderr, "%s: %s\n", qPrintable(documento), qPrintable(e.Message()));
             resultado = 1;
         }
     }
     AjustarVistaInicial(gis);
+    if (!ultima.isEmpty())
+        gis.AjustarACamada(ultima);
     const QString caminho = QFileInfo(arquivo).absoluteFilePath();
     if (!gis.Buffer().save(caminho, "PNG")) {
         std::fprintf(stderr, "Não foi possível gravar %s\n", qPrintable(caminho));
@@ -91,12 +97,21 @@ int main(int argc, char **argv)
         }
     }
     const bool semTela = qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
-    if ((semTela || !arquivoPng.isEmpty()) && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+    const bool escolhida = !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
+    if ((semTela || !arquivoPng.isEmpty()) && !escolhida)
         qputenv("QT_QPA_PLATFORM", "offscreen");
+    else if (!escolhida) // uma tela que não abre cai na plataforma sem tela, em vez de abortar
+        qputenv("QT_QPA_PLATFORM", qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ? "xcb;offscreen" : "wayland;xcb;offscreen");
 
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("tavru-mapa"));
-    if (semTela || !arquivoPng.isEmpty())
+    CarregarTraducoesDoQt(app);
+    AjustarDocumentosDoAplicativo();
+    const bool telaAbriu = !semTela && QGuiApplication::platformName() != QLatin1String("offscreen");
+    if (!semTela && !telaAbriu && arquivoPng.isEmpty() && !escolhida)
+        std::fprintf(stderr, "Não foi possível abrir a tela \"%s\"; o mapa vai para um PNG.\n",
+                     qPrintable(qEnvironmentVariable(qEnvironmentVariableIsEmpty("DISPLAY") ? "WAYLAND_DISPLAY" : "DISPLAY")));
+    if (!telaAbriu || !arquivoPng.isEmpty())
         return DesenharEmPng(arquivoPng.isEmpty() ? QDir::temp().filePath(QStringLiteral("tavru-mapa.png"))
                                                   : arquivoPng,
                              documentos);

@@ -13,7 +13,7 @@ TEST(MapaExemplo, TodasAsCamadasSeLeem)
     QFile indice(pasta + "camadas.txt");
     ASSERT_TRUE(indice.open(QIODevice::ReadOnly | QIODevice::Text));
     const QMap<QString, int> esperado{{"paises.xml", 13}, {"estados.xml", 27}, {"lagos.xml", 17}, {"litoral.xml", 71},
-                                      {"rios.xml", 47},   {"cidades.xml", 46}, {"plotagem.xml", 8}};
+                                      {"rios.xml", 47},   {"cidades.xml", 46}, {"plotagem.xml", 7}};
     QMap<QString, int> lido;
     for (const QString &linha : QString::fromUtf8(indice.readAll()).split('\n', Qt::SkipEmptyParts)) {
         const QString arquivo = linha.section(';', 0, 0).trimmed(); // arquivo;nome;tipo
