@@ -130,6 +130,19 @@ def aneis(geometria):
     raise ValueError("geometria inesperada: " + tipo)
 
 
+# O quadro do continente (graus): partes de geometria inteiramente fora dele ficam de fora do mapa,
+# para que "ajustar à janela" enquadre a América do Sul. São ilhas oceânicas longe da costa (Páscoa,
+# Galápagos) e trechos de rios homônimos de outros continentes que os dados juntam num só (o
+# Colorado dos Estados Unidos, o San Juan da Nicarágua).
+QUADRO = (-82.0, -56.5, -34.0, 13.0)  # oeste, sul, leste, norte
+
+
+def no_quadro(partes):
+    """As partes (listas de (lon, lat)) com ao menos um ponto dentro do quadro do continente."""
+    oeste, sul, leste, norte = QUADRO
+    return [p for p in partes if any(oeste <= lon <= leste and sul <= lat <= norte for lon, lat in p)]
+
+
 def ler(origem, nome):
     with open(os.path.join(origem, nome), encoding="utf-8") as f:
         return json.load(f)["features"]
@@ -141,7 +154,7 @@ def camada_paises(origem):
         p = f["properties"]
         nome = NOMES_DOS_PAISES.get(p["NAME"], p["NAME"])
         fundo = cor(250, 243, 220) if p["ISO_A3"] == "BRA" else cor(236, 232, 222)
-        linhas += area(aneis(f["geometry"]), CANETA_SOLIDA, cor(150, 140, 120), PINCEL_SOLIDO, fundo,
+        linhas += area(no_quadro(aneis(f["geometry"])), CANETA_SOLIDA, cor(150, 140, 120), PINCEL_SOLIDO, fundo,
                        [("Nome", nome), ("Sigla", p["ISO_A3"])])
     return linhas
 
@@ -175,7 +188,7 @@ def camada_rios(origem):
     linhas = []
     for f in ler(origem, "sa_rivers.geojson"):
         nome = " ".join(f["properties"]["name"].split())
-        linhas += linha(aneis(f["geometry"]), CANETA_SOLIDA, cor(60, 130, 210), [("Nome", nome), ("Tipo", "Rio")])
+        linhas += linha(no_quadro(aneis(f["geometry"])), CANETA_SOLIDA, cor(60, 130, 210), [("Nome", nome), ("Tipo", "Rio")])
     return linhas
 
 

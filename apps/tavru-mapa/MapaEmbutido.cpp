@@ -55,9 +55,10 @@ void MontarGrade(TGis &gis)
         linha->Caneta().Style = psDot;
         camada->Objetos().Add(linha);
     };
+    // Centrada no continente (de 90° W a 30° W), para que "ajustar à janela" o enquadre.
     for (int lat = -60; lat <= 20; lat += 10)
-        nova({double(lat), -100.0}, {double(lat), -20.0});
-    for (int lon = -100; lon <= -20; lon += 10)
+        nova({double(lat), -90.0}, {double(lat), -30.0});
+    for (int lon = -90; lon <= -30; lon += 10)
         nova({-60.0, double(lon)}, {20.0, double(lon)});
 }
 

@@ -9,7 +9,7 @@ class TGis;
 
 /// Acrescenta às camadas do controle, de baixo para cima: "Países", "Satélite" (o recorte do Blue
 /// Marble), "Estados", "Lagos", "Litoral", "Rios", "Cidades" e "Plotagem" (os documentos de
-/// ":/mapa", ver `CarregarMapaDeExemplo`), "Grade" (meridianos e paralelos de 10 em 10 graus),
+/// ":/mapa", ver `CarregarMapaDeExemplo`), "Grade" (meridianos e paralelos de 10 em 10 graus, de 90° W a 30° W e de 60° S a 20° N),
 /// "Textos" (os oceanos) e, na camada "Plotagem", os objetos que o documento não guarda (meios
 /// acompanhados, derrota, setor, elipse, composto, trajeto; ver `MontarPlotagem`). Põe a cor do
 /// mar no fundo do mapa, a fonte dos rótulos, o halo branco e os rótulos sem sobreposição, e a

@@ -160,12 +160,66 @@ TEST(TavruMapa, SemTelaGravaOMapaNumPngComOsDocumentosDaLinhaDeComando)
     const QImage com(comDocumento);
     EXPECT_GT(Contar(com, com.rect()).Vermelho, 3000);
 
+    // Um documento sem nada que o leitor conheça: dito, saída 1, e o mapa como estava.
+    const QString estranho = pasta.filePath("estranho.xml");
+    QFile arquivoEstranho(estranho);
+    ASSERT_TRUE(arquivoEstranho.open(QIODevice::WriteOnly));
+    arquivoEstranho.write("<CAMADA><Desconhecido/></CAMADA>");
+    arquivoEstranho.close();
+    const QString comEstranho = pasta.filePath("estranho.png");
+    EXPECT_EQ(Rodar(processo, {"--png", comEstranho, estranho}), 1);
+    EXPECT_TRUE(QString::fromUtf8(processo.readAllStandardError()).contains("nenhum objeto reconhecido em " + estranho));
+    EXPECT_EQ(QImage(comEstranho), mapa);
+
     // Um documento que não existe: a mensagem do tratador, saída 1, e o mapa como estava.
     const QString semDocumento = pasta.filePath("sem.png");
     EXPECT_EQ(Rodar(processo, {"--png", semDocumento, pasta.filePath("nao-existe.xml")}), 1);
     EXPECT_TRUE(QString::fromUtf8(processo.readAllStandardError())
                     .contains("O arquivo especificado não existe ou não está disponível!"));
     EXPECT_EQ(QImage(semDocumento), mapa);
+}
+
+TEST(TavruMapa, TelaQueNaoAbreCaiNoPngComUmAviso)
+{
+    QTemporaryDir pasta;
+    ASSERT_TRUE(pasta.isValid());
+    QProcessEnvironment ambiente = AmbienteSemTela();
+    ambiente.insert("TMPDIR", pasta.path());
+    ambiente.insert("DISPLAY", ":4711"); // nenhum servidor X atende aqui
+    QProcess processo;
+    processo.setProcessEnvironment(ambiente);
+    ASSERT_EQ(Rodar(processo, {}), 0) << processo.readAllStandardError().toStdString();
+    EXPECT_EQ(QString::fromLocal8Bit(processo.readAllStandardOutput()).trimmed(), pasta.filePath("tavru-mapa.png"));
+    EXPECT_TRUE(QString::fromUtf8(processo.readAllStandardError()).contains("Não foi possível abrir a tela \":4711\""));
+    EXPECT_FALSE(QImage(pasta.filePath("tavru-mapa.png")).isNull());
+}
+
+// "./tavru demo" compila (só o aplicativo, numa compilação que já existe) e roda na pasta de quem
+// chama: os caminhos relativos dos documentos e do PNG valem a partir dela. Só quando esta é a
+// compilação que o script usa (build/ na raiz), para não compilar outra.
+TEST(ScriptTavru, DemoResolveOsCaminhosNaPastaDeQuemChama)
+{
+    if (!TAVRU_COMPILACAO_DO_SCRIPT)
+        GTEST_SKIP() << "esta compilação não é a build/ que o script usa";
+    QTemporaryDir pasta;
+    ASSERT_TRUE(pasta.isValid());
+    QFile documento(pasta.filePath("quadrado.xml"));
+    ASSERT_TRUE(documento.open(QIODevice::WriteOnly));
+    documento.write("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\r\n<CAMADA>\r\n<Area Estilo=\"0\" Cor=\"0000FF\" "
+                    "EstiloPreenchimento=\"0\" CorPreenchimento=\"0000FF\">\r\n<Pontos>\r\n"
+                    "<Ponto Tipo=\"Inicio\" Latitude=\"-36000\" Longitude=\"-198000\"/>\r\n"
+                    "<Ponto Latitude=\"-36000\" Longitude=\"-162000\"/>\r\n<Ponto Latitude=\"-72000\" Longitude=\"-162000\"/>\r\n"
+                    "</Pontos>\r\n</Area>\r\n</CAMADA>\r\n");
+    documento.close();
+    QProcess processo;
+    processo.setProcessEnvironment(AmbienteSemTela());
+    processo.setWorkingDirectory(pasta.path());
+    processo.start(QStringLiteral("bash"), {QStringLiteral(TAVRU_FONTE "/tavru"), "demo", "--png", "saida.png", "quadrado.xml"});
+    ASSERT_TRUE(processo.waitForFinished(300000));
+    EXPECT_EQ(processo.exitCode(), 0) << processo.readAllStandardError().toStdString();
+    const QImage saida(pasta.filePath("saida.png"));
+    ASSERT_FALSE(saida.isNull());
+    EXPECT_GT(Contar(saida, saida.rect()).Vermelho, 3000);
 }
 
 TEST(TavruMapa, JanelaNumXDeVerdadeMostraOMapa)
