@@ -282,8 +282,9 @@ public:
     TColor CorDoHalo() const { return FCorDoHalo; }
     void AtribuirCorDoHalo(TColor cor) { FCorDoHalo = cor; }
     /// Verdadeiro: num desenho do mapa inteiro (`Desenhar`), das camadas de baixo para cima e, em
-    /// cada uma, na ordem em que os rótulos são escritos, um rótulo cuja caixa (o texto, mais o
-    /// halo quando há) se sobrepõe à de um rótulo já escrito é pulado: vale o primeiro. Com
+    /// cada uma, na ordem em que os rótulos são escritos, um rótulo cuja caixa (a do texto sem a
+    /// rotação da fonte, mais o halo quando há) se sobrepõe à de um rótulo já escrito é pulado:
+    /// vale o primeiro. Uma grade das caixas escritas mantém o custo linear. Com
     /// `DesenharCamada` chamado sozinho, vale dentro da camada. Falso (padrão): todos os rótulos.
     bool RotulosSemSobreposicao() const { return FRotulosSemSobreposicao; }
     void AtribuirRotulosSemSobreposicao(bool ligada) { FRotulosSemSobreposicao = ligada; }

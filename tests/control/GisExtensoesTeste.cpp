@@ -17,8 +17,6 @@
 using namespace tavru;
 using namespace tavru::teste;
 
-Q_DECLARE_METATYPE(tavru::TGISPosicao)
-
 namespace {
 
 /// Controle 400 x 200 de fundo branco, mostrado (para receber o mouse e os redimensionamentos):
