@@ -5,6 +5,7 @@
 #include <tavru/companions/components/TVisualizadorInformacoes.h>
 #include <tavru/companions/symbology/TTabelaDeSimbolos.h>
 #include <tavru/control/IGISMouseEvent.h>
+#include <tavru/control/TGISBarraDeEscala.h>
 #include <tavru/core/Arredondar.h>
 #include <tavru/core/TGISCamadaList.h>
 #include <tavru/core/TGISProjecaoMercator.h>
@@ -14,6 +15,10 @@
 #include <tavru/platform/TStringList.h>
 
 #include <QCursor>
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QToolTip>
+#include <QWheelEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QRegion>
@@ -37,6 +42,7 @@ TGis::TGis(QWidget *parent)
     FProjecao = FProjecaoPropria.get();
     setMouseTracking(true);
     setAttribute(Qt::WA_OpaquePaintEvent);
+    setFocusPolicy(Qt::StrongFocus);
 }
 
 TGis::~TGis()
@@ -238,6 +244,8 @@ void TGis::CopiarBufferParaTela()
 void TGis::Paint()
 {
     CopiarBufferParaTela();
+    if (FMostrarEscala)
+        TGISBarraDeEscala::Desenhar(*FCanvasTela, *FProjecao, TRect(0, 0, FTela.width(), FTela.height()));
     update();
     if (OnPaint)
         OnPaint(this);
@@ -746,6 +754,49 @@ void TGis::leaveEvent(QEvent *evento)
 {
     QWidget::leaveEvent(evento);
     ParaCadaFerramenta([](IGISMouseEvent &f) { f.GisMouseLeave(); });
+}
+
+void TGis::wheelEvent(QWheelEvent *evento)
+{
+    const QPoint p = evento->position().toPoint();
+    const TPoint ponto(p.x(), p.y());
+    const TPoint angulo(evento->angleDelta().x(), evento->angleDelta().y());
+    const TPoint pixels(evento->pixelDelta().x(), evento->pixelDelta().y());
+    const TShiftState shift = ShiftDeQt(evento->modifiers(), evento->buttons());
+    bool tratado = false;
+    ParaCadaFerramenta([&](IGISMouseEvent &f) { tratado = f.GISMouseWheel(ponto, angulo, pixels, shift) || tratado; });
+    if (tratado)
+        evento->accept();
+    else
+        QWidget::wheelEvent(evento);
+}
+
+void TGis::keyPressEvent(QKeyEvent *evento)
+{
+    const TShiftState shift = ShiftDeQt(evento->modifiers(), Qt::NoButton);
+    bool tratado = false;
+    ParaCadaFerramenta([&](IGISMouseEvent &f) { tratado = f.GISKeyDown(evento->key(), shift) || tratado; });
+    if (tratado)
+        evento->accept();
+    else
+        QWidget::keyPressEvent(evento);
+}
+
+bool TGis::event(QEvent *evento)
+{
+    if (evento->type() == QEvent::ToolTip) {
+        auto *ajuda = static_cast<QHelpEvent *>(evento);
+        if (TGISObjeto *objeto = ObterObjeto(TPoint(ajuda->pos().x(), ajuda->pos().y()))) {
+            QToolTip::showText(ajuda->globalPos(), ObterRotulo(*objeto), this);
+            return true;
+        }
+        if (toolTip().isEmpty()) {
+            QToolTip::hideText();
+            evento->ignore();
+            return true;
+        }
+    }
+    return QWidget::event(evento);
 }
 
 } // namespace tavru
