@@ -10,6 +10,7 @@ class QLabel;
 
 namespace tavru {
 
+class TFerramentasDaJanela;
 class TGis;
 class TGISBarraDeManipulacao;
 class TVisualizadorInformacoes;
@@ -52,6 +53,7 @@ private:
     TGISBarraDeManipulacao *FBarra;
     TVisualizadorInformacoes *FVisualizador;
     QLabel *FPosicao;
+    TFerramentasDaJanela *FFerramentas;
     bool FAjustado = false;
 };
 
