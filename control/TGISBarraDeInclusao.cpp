@@ -132,15 +132,15 @@ void TGISBarraDeInclusao::RedimensionarBotoes()
     if (FRedimensionando)
         return;
     FRedimensionando = true;
-    int visiveis = 0;
-    for (const auto &botao : FBotoes)
-        visiveis += !botao->isHidden();
+    const int visiveis = Visiveis();
     if (visiveis >= 1) {
         const int largura = width() / visiveis;
         const int altura = height();
         int esquerda = 0;
         for (int i = 0; i < Count(); ++i) {
             TBotaoRapido *botao = FBotoes[static_cast<size_t>(i)];
+            if (!botao) // liberado por fora da barra
+                continue;
             botao->setGeometry(esquerda, 0, largura, altura);
             if (i < FHints.Count())
                 botao->SetHint(FHints.Strings(i));
@@ -158,7 +158,8 @@ void TGISBarraDeInclusao::Atualizar()
     if (!FGis || FBotoes.empty())
         return;
     for (auto &botao : FBotoes)
-        botao->SetDown(false);
+        if (botao)
+            botao->SetDown(false);
 }
 
 TBotaoRapido *TGISBarraDeInclusao::ObterBotao(int indice) const
@@ -181,7 +182,8 @@ void TGISBarraDeInclusao::AtribuirFlat(bool flat)
         return;
     FFlat = flat;
     for (auto &botao : FBotoes)
-        botao->setAutoRaise(flat);
+        if (botao)
+            botao->setAutoRaise(flat);
 }
 
 void TGISBarraDeInclusao::AtribuirHints(const TStringList &hints)
@@ -205,12 +207,17 @@ void TGISBarraDeInclusao::resizeEvent(QResizeEvent *evento)
     RedimensionarBotoes();
 }
 
-QSize TGISBarraDeInclusao::sizeHint() const
+int TGISBarraDeInclusao::Visiveis() const
 {
     int visiveis = 0;
     for (const auto &botao : FBotoes)
-        visiveis += !botao->isHidden();
-    return QSize(visiveis * LadoBotao, LadoBotao);
+        visiveis += botao && !botao->isHidden();
+    return visiveis;
+}
+
+QSize TGISBarraDeInclusao::sizeHint() const
+{
+    return QSize(Visiveis() * LadoBotao, LadoBotao);
 }
 
 TGISObjeto *TGISBarraDeInclusao::IncluirObjeto(const TClasseObjeto &classe, TGis &gis, TGISCamada &camada,

@@ -90,7 +90,8 @@ public:
     void Atualizar();
     /// O número de botões.
     int Count() const { return static_cast<int>(FBotoes.size()); }
-    /// O botão `indice` (índice fora dos limites levanta `EListError`).
+    /// O botão `indice` (índice fora dos limites levanta `EListError`; nulo se foi liberado por
+    /// fora da barra).
     TBotaoRapido *ObterBotao(int indice) const;
     /// A classe do botão `indice`, como estava no registro no último `CriarComponentes`.
     const TClasseObjeto &ObterClasse(int indice) const;
@@ -127,6 +128,9 @@ protected:
     void resizeEvent(QResizeEvent *evento) override;
 
 private:
+    /// Quantos botões estão visíveis (não escondidos).
+    int Visiveis() const;
+
     TGis *FGis = nullptr;
     bool FFlat = false;
     bool FRedimensionando = false;
