@@ -3,6 +3,8 @@
 // clique sobre vários objetos abre a lista deles, em que escolher seleciona. O aplicativo diz a
 // visão e a seleção na saída padrão (TAVRU_MAPA_ESTADO).
 
+#include "Processos.h"
+
 #include <QElapsedTimer>
 #include <QPoint>
 #include <QProcess>
@@ -13,6 +15,8 @@
 #include <cmath>
 #include <functional>
 #include <gtest/gtest.h>
+
+using namespace tavru::teste;
 
 namespace {
 
@@ -82,29 +86,6 @@ bool Esperar(QProcess &app, TEstado &e, const std::function<bool(const TEstado &
     return false;
 }
 
-QString LinhaDe(QProcess &processo, int ms)
-{
-    QElapsedTimer relogio;
-    relogio.start();
-    while (relogio.elapsed() < ms && processo.state() != QProcess::NotRunning) {
-        if (processo.canReadLine())
-            return QString::fromUtf8(processo.readLine()).trimmed();
-        processo.waitForReadyRead(200);
-    }
-    return {};
-}
-
-void Encerrar(QProcess &processo)
-{
-    if (processo.state() == QProcess::NotRunning)
-        return;
-    processo.terminate();
-    if (!processo.waitForFinished(5000)) {
-        processo.kill();
-        processo.waitForFinished(5000);
-    }
-}
-
 class DemoNavegacao : public ::testing::Test
 {
 protected:
@@ -116,7 +97,7 @@ protected:
             GTEST_SKIP() << "Xvfb ou xdotool não instalados";
         servidor.start(xvfb, {"-displayfd", "1", "-screen", "0", "1280x900x24", "-nolisten", "tcp"});
         ASSERT_TRUE(servidor.waitForStarted(10000));
-        const QString numero = LinhaDe(servidor, 20000);
+        const QString numero = EsperarLinha(servidor, 20000);
         if (numero.isEmpty())
             GTEST_SKIP() << "o Xvfb não abriu uma tela";
         tela = QStringLiteral(":") + numero;
