@@ -12,5 +12,7 @@ void IGISMouseEvent::GISMouseDown(const TPoint &, TMouseButton, TShiftState) {}
 void IGISMouseEvent::GISPaint() {}
 void IGISMouseEvent::GISSelecionou(TGISObjeto *) {}
 void IGISMouseEvent::GisMouseLeave() {}
+bool IGISMouseEvent::GISMouseWheel(const TPoint &, const TPoint &, const TPoint &, TShiftState) { return false; }
+bool IGISMouseEvent::GISKeyDown(int, TShiftState) { return false; }
 
 } // namespace tavru

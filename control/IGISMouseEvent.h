@@ -40,6 +40,20 @@ public:
     /// O mouse saiu do controle.
     virtual void GisMouseLeave();
 
+    // Extensão: a roda do mouse e o teclado, depois das oito operações acima. Também não fazem
+    // nada até serem sobrescritas, de modo que uma ferramenta escrita só com as oito compila e
+    // funciona sem mudança. O controle entrega os valores do Qt sem interpretá-los.
+
+    /// A roda girou (ou o trackpad rolou) com o cursor em `ponto`. `angulo` é o giro em oitavos de
+    /// grau (um entalhe comum: 120; y positivo: girada para longe do usuário); `pixels` é o
+    /// deslocamento fino que um trackpad dá, em pixels, ou (0, 0) quando não há. Responde se tratou
+    /// o evento; quando nenhuma ferramenta trata, ele segue para o widget pai.
+    virtual bool GISMouseWheel(const TPoint &ponto, const TPoint &angulo, const TPoint &pixels, TShiftState shift);
+    /// Uma tecla foi apertada com o foco no controle. `tecla` é o código `Qt::Key`; o shift traz só
+    /// as teclas modificadoras. Responde se tratou a tecla; quando nenhuma ferramenta trata, ela
+    /// segue para o widget pai (atalhos da janela continuam valendo).
+    virtual bool GISKeyDown(int tecla, TShiftState shift);
+
 protected:
     IGISMouseEvent() = default;
     IGISMouseEvent(const IGISMouseEvent &) = default;

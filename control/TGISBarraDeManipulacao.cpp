@@ -1,5 +1,7 @@
 #include <tavru/control/TGISBarraDeManipulacao.h>
 
+#include "BitmapDoRecurso_p.h"
+
 #include <tavru/core/Arredondar.h>
 
 #include <tavru/control/TGis.h>
@@ -9,6 +11,7 @@
 #include <QImage>
 #include <algorithm>
 #include <cstdint>
+#include <cmath>
 #include <cstdlib>
 
 namespace tavru {
@@ -56,8 +59,7 @@ void TGISBarraDeManipulacao::CriarComponentes()
         {"Reduzir", "BMP_REDUZIR"},
     };
     for (const TBotao &b : tabela) {
-        const QImage bitmap(QStringLiteral(":/") + QLatin1String(b.Recurso));
-        Botoes().Add(QString::fromUtf8(b.Dica), bitmap);
+        Botoes().Add(QString::fromUtf8(b.Dica), BitmapDoRecurso(b.Recurso));
     }
     for (int i = 0; i < Botoes().Count(); ++i)
         if (TBotaoRapido *botao = ObterBotao(i))
@@ -122,6 +124,8 @@ void TGISBarraDeManipulacao::GISMouseDown(const TPoint &ponto, TMouseButton bota
     } else if ((FEstado == mePreMover && botao == mbLeft) || botao == mbRight) {
         FEstadoAnterior = FEstado;
         FEstado = meMover;
+    } else if (FArrastarParaMover && FEstado == meSemAcao && botao == mbLeft) {
+        FArrastePendente = true;
     }
 }
 
@@ -145,24 +149,41 @@ void TGISBarraDeManipulacao::GISMouseMove(const TPoint &ponto)
         InverterRetangulo(FUltimoPonto);
         tela.SetCopyMode(modo);
         FGis->update();
-    } else if (FEstado == meMover) {
+        return;
+    }
+    if (FArrastePendente && FEstado == meSemAcao) {
+        const double dx = ponto.X - FPontoPressionado.X;
+        const double dy = ponto.Y - FPontoPressionado.Y;
+        if (std::hypot(dx, dy) <= ArrasteParaMover)
+            return;
+        FArrastePendente = false;
+        FEstadoAnterior = FEstado;
+        FEstado = meMover;
+        FGis->CancelarClique();
+    }
+    if (FEstado == meMover) {
         TGISProjecao &projecao = *FGis->Projecao();
-        const TGISPosicao aqui = projecao.TelaParaMundo(ponto);
-        const TGISPosicao antes = projecao.TelaParaMundo(FPontoPressionado);
-        // Em 64 bits, levado à faixa de 32: arrastar sem parar para um lado não estoura o centro.
-        auto mover = [](std::int64_t centro, std::int64_t aqui, std::int64_t antes) {
-            return Saturar32(centro - (aqui - antes));
-        };
-        const TGISPosicao centro = projecao.Centro();
-        projecao.AtribuirCentro(GISPosicao(mover(centro.Latitude, aqui.Latitude, antes.Latitude),
-                                           mover(centro.Longitude, aqui.Longitude, antes.Longitude)));
+        MoverCentro(projecao.TelaParaMundo(FPontoPressionado), projecao.TelaParaMundo(ponto));
         FPontoPressionado = ponto;
         FGis->Desenhar();
     }
 }
 
+void TGISBarraDeManipulacao::MoverCentro(const TGISPosicao &depois, const TGISPosicao &antes)
+{
+    // Em 64 bits, levado à faixa de 32: arrastar sem parar para um lado não estoura o centro.
+    auto mover = [](std::int64_t centro, std::int64_t depois, std::int64_t antes) {
+        return Saturar32(centro + (depois - antes));
+    };
+    TGISProjecao &projecao = *FGis->Projecao();
+    const TGISPosicao centro = projecao.Centro();
+    projecao.AtribuirCentro(GISPosicao(mover(centro.Latitude, depois.Latitude, antes.Latitude),
+                                       mover(centro.Longitude, depois.Longitude, antes.Longitude)));
+}
+
 void TGISBarraDeManipulacao::GISMouseUp(const TPoint &ponto, TMouseButton, TShiftState)
 {
+    FArrastePendente = false;
     if (!FGis)
         return;
     if (FEstado == meZoomRet) {
@@ -186,6 +207,64 @@ void TGISBarraDeManipulacao::GISMouseClick(const TPoint &ponto)
     const long double fator = FEstado == meAmpliar ? FatorAmpliar : FatorReduzir;
     projecao.AtribuirCentro(projecao.TelaParaMundo(ponto));
     projecao.DoAtribuirZoom(static_cast<double>(fator * static_cast<long double>(projecao.Zoom())));
+    FGis->Desenhar();
+}
+
+bool TGISBarraDeManipulacao::GISMouseWheel(const TPoint &ponto, const TPoint &angulo, const TPoint &pixels,
+                                            TShiftState)
+{
+    if (!FGis)
+        return false;
+    // A rolagem fina, quando há, é a medida mais precisa; senão, o giro (120 por entalhe, com
+    // frações nas rodas sem degraus).
+    const double entalhes = pixels.Y != 0 ? double(pixels.Y) / PixelsPorEntalhe
+                                          : double(angulo.Y) / 120.0;
+    if (entalhes == 0.0)
+        return false;
+    ZoomEmTorno(ponto, std::pow(FatorRoda, entalhes));
+    return true;
+}
+
+bool TGISBarraDeManipulacao::GISKeyDown(int tecla, TShiftState)
+{
+    if (!FGis)
+        return false;
+    const TRect tela = FGis->Projecao()->AreaTela();
+    const int dx = tela.Width() / 10;
+    const int dy = tela.Height() / 10;
+    switch (tecla) {
+    case Qt::Key_Left: Deslocar(-dx, 0); return true;
+    case Qt::Key_Right: Deslocar(dx, 0); return true;
+    case Qt::Key_Up: Deslocar(0, -dy); return true;
+    case Qt::Key_Down: Deslocar(0, dy); return true;
+    case Qt::Key_Plus:
+    case Qt::Key_Equal: ZoomEmTorno(FGis->Projecao()->ObterCentroTela(), FatorRoda); return true;
+    case Qt::Key_Minus: ZoomEmTorno(FGis->Projecao()->ObterCentroTela(), 1.0 / FatorRoda); return true;
+    case Qt::Key_Home: FGis->FitToWindow(); return true;
+    default: return false;
+    }
+}
+
+void TGISBarraDeManipulacao::ZoomEmTorno(const TPoint &ponto, double fator)
+{
+    if (!FGis)
+        return;
+    TGISProjecao &projecao = *FGis->Projecao();
+    // O novo centro sai da própria projeção (zoom novo, centro velho): serve a qualquer projeção
+    // em que mover o centro só translada a imagem.
+    const TGISPosicao antes = projecao.TelaParaMundo(ponto);
+    projecao.DoAtribuirZoom(projecao.Zoom() * fator);
+    MoverCentro(antes, projecao.TelaParaMundo(ponto));
+    FGis->Desenhar();
+}
+
+void TGISBarraDeManipulacao::Deslocar(int dx, int dy)
+{
+    if (!FGis)
+        return;
+    TGISProjecao &projecao = *FGis->Projecao();
+    const TPoint centro = projecao.ObterCentroTela();
+    MoverCentro(projecao.TelaParaMundo(TPoint(centro.X + dx, centro.Y + dy)), projecao.TelaParaMundo(centro));
     FGis->Desenhar();
 }
 

@@ -3,6 +3,7 @@
 /// A barra de manipulação: ajustar, mover, ampliar uma área, ampliar e reduzir o mapa.
 
 #include <tavru/companions/components/TCustomBarraDeFerramentas.h>
+#include <tavru/companions/geodesy/GISPosicao.h>
 #include <tavru/control/IGISMouseEvent.h>
 #include <tavru/platform/Exportacao.h>
 
@@ -52,6 +53,14 @@ public:
     static constexpr long double FatorReduzir = 0.8L;
     /// Um retângulo arrastado só amplia quando passa disto, em pixels, nas duas direções.
     static constexpr int ArrasteMinimo = 10;
+    /// Extensão: fator de zoom de um entalhe da roda (e das teclas + e -). Reduzir divide por ele,
+    /// de modo que um entalhe para dentro e um para fora voltam à mesma visão.
+    static constexpr double FatorRoda = 1.2;
+    /// Extensão: pixels de rolagem fina (trackpad) que valem um entalhe.
+    static constexpr int PixelsPorEntalhe = 120;
+    /// Extensão: um arrasto com o esquerdo sem ferramenta desloca o mapa quando passa disto, em
+    /// pixels (distância euclidiana); um aperto mais curto continua sendo clique.
+    static constexpr int ArrasteParaMover = 4;
 
     explicit TGISBarraDeManipulacao(QWidget *parent = nullptr);
     /// Tira o registro do controle.
@@ -78,6 +87,26 @@ public:
     void GISMouseUp(const TPoint &ponto, TMouseButton botao, TShiftState shift) override;
     void GISMouseDown(const TPoint &ponto, TMouseButton botao, TShiftState shift) override;
 
+    // Extensão: navegação que todo usuário de mapa espera.
+
+    /// Se um arrasto com o botão esquerdo em `meSemAcao` desloca o mapa (padrão: desligado). Ligado,
+    /// um aperto que se move mais de `ArrasteParaMover` pixels vira deslocamento (`meMover`, que
+    /// volta a `meSemAcao` ao soltar) e o soltar não é clique (`TGis::CancelarClique`).
+    bool ArrastarParaMover() const { return FArrastarParaMover; }
+    void AtribuirArrastarParaMover(bool ligado) { FArrastarParaMover = ligado; }
+    /// A roda amplia (girada para longe do usuário) ou reduz em torno do cursor, `FatorRoda` por
+    /// entalhe; a rolagem fina de um trackpad (`pixels`) amplia em passos proporcionais, sem
+    /// saltos. A posição do mundo sob o cursor fica sob ele. Em qualquer estado.
+    bool GISMouseWheel(const TPoint &ponto, const TPoint &angulo, const TPoint &pixels, TShiftState shift) override;
+    /// Setas deslocam a visão um décimo da tela para aquele lado; + (ou =) e - ampliam e reduzem
+    /// em torno do centro um entalhe; Home ajusta à janela. Outras teclas não são tratadas.
+    bool GISKeyDown(int tecla, TShiftState shift) override;
+    /// Multiplica o zoom por `fator` (limitado pela projeção) mantendo sob `ponto` (pixels) a
+    /// posição do mundo que estava sob ele, e redesenha.
+    void ZoomEmTorno(const TPoint &ponto, double fator);
+    /// Desloca a visão `dx`, `dy` pixels (x para a direita, y para baixo) e redesenha.
+    void Deslocar(int dx, int dy);
+
 protected:
     /// Monta os cinco botões da tabela, todos no grupo 1.
     void CriarComponentes() override;
@@ -91,12 +120,16 @@ protected:
 private:
     /// Inverte o retângulo do aperto até `ate` na imagem da tela.
     void InverterRetangulo(const TPoint &ate);
+    /// Leva o centro de `antes` para `depois` (posições do mundo), sem estourar 32 bits.
+    void MoverCentro(const TGISPosicao &depois, const TGISPosicao &antes);
 
     TGis *FGis = nullptr;
     TBarraManipulacaoEstado FEstado = meSemAcao;
     TBarraManipulacaoEstado FEstadoAnterior = meSemAcao;
     TPoint FPontoPressionado;
     TPoint FUltimoPonto;
+    bool FArrastarParaMover = false;
+    bool FArrastePendente = false; ///< aperto do esquerdo em `meSemAcao` que ainda pode virar arrasto
 };
 
 } // namespace tavru

@@ -6,6 +6,7 @@
 #include <tavru/companions/symbology/TTabelaDeSimbolos.h>
 #include <tavru/control/IGISMouseEvent.h>
 #include <tavru/control/TGradeDeRotulos_p.h>
+#include <tavru/control/TGISBarraDeEscala.h>
 #include <tavru/core/Arredondar.h>
 #include <tavru/core/TGISCamadaList.h>
 #include <tavru/core/TGISProjecaoMercator.h>
@@ -15,6 +16,10 @@
 #include <tavru/platform/TStringList.h>
 
 #include <QCursor>
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QToolTip>
+#include <QWheelEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QRegion>
@@ -40,6 +45,7 @@ TGis::TGis(QWidget *parent)
     FProjecao = FProjecaoPropria.get();
     setMouseTracking(true);
     setAttribute(Qt::WA_OpaquePaintEvent);
+    setFocusPolicy(Qt::StrongFocus);
 }
 
 TGis::~TGis()
@@ -259,6 +265,8 @@ void TGis::CopiarBufferParaTela()
 void TGis::Paint()
 {
     CopiarBufferParaTela();
+    if (FMostrarEscala)
+        TGISBarraDeEscala::Desenhar(*FCanvasTela, *FProjecao, TRect(0, 0, FTela.width(), FTela.height()));
     update();
     if (OnPaint)
         OnPaint(this);
@@ -873,6 +881,49 @@ void TGis::AvisarVisao()
     emit VisaoMudou();
     if (FCursorDentro)
         emit PosicaoDoCursorMudou(FProjecao->TelaParaMundo(FPontoDoCursor));
+}
+
+void TGis::wheelEvent(QWheelEvent *evento)
+{
+    const QPoint p = evento->position().toPoint();
+    const TPoint ponto(p.x(), p.y());
+    const TPoint angulo(evento->angleDelta().x(), evento->angleDelta().y());
+    const TPoint pixels(evento->pixelDelta().x(), evento->pixelDelta().y());
+    const TShiftState shift = ShiftDeQt(evento->modifiers(), evento->buttons());
+    bool tratado = false;
+    ParaCadaFerramenta([&](IGISMouseEvent &f) { tratado = f.GISMouseWheel(ponto, angulo, pixels, shift) || tratado; });
+    if (tratado)
+        evento->accept();
+    else
+        QWidget::wheelEvent(evento);
+}
+
+void TGis::keyPressEvent(QKeyEvent *evento)
+{
+    const TShiftState shift = ShiftDeQt(evento->modifiers(), Qt::NoButton);
+    bool tratado = false;
+    ParaCadaFerramenta([&](IGISMouseEvent &f) { tratado = f.GISKeyDown(evento->key(), shift) || tratado; });
+    if (tratado)
+        evento->accept();
+    else
+        QWidget::keyPressEvent(evento);
+}
+
+bool TGis::event(QEvent *evento)
+{
+    if (evento->type() == QEvent::ToolTip) {
+        auto *ajuda = static_cast<QHelpEvent *>(evento);
+        if (TGISObjeto *objeto = ObterObjeto(TPoint(ajuda->pos().x(), ajuda->pos().y()))) {
+            QToolTip::showText(ajuda->globalPos(), ObterRotulo(*objeto), this);
+            return true;
+        }
+        if (toolTip().isEmpty()) {
+            QToolTip::hideText();
+            evento->ignore();
+            return true;
+        }
+    }
+    return QWidget::event(evento);
 }
 
 } // namespace tavru

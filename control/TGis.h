@@ -212,6 +212,9 @@ public:
     void RemoverRegistroMouseEvent(IGISMouseEvent *intf);
     /// As ferramentas registradas, em ordem.
     std::vector<IGISMouseEvent *> MouseEvents() const;
+    /// Extensão: o clique do botão esquerdo que está apertado não será entregue ao soltar. Uma
+    /// ferramenta que fez do aperto um arrasto chama isto, para que o soltar não seja um clique.
+    void CancelarClique() { FCliqueArmado = false; }
     /// Esvazia `lista` e põe nela o rótulo e o objeto de cada objeto rotulado sob `ponto`
     /// (pixels), de cima para baixo: camadas da última para a primeira (só as visíveis,
     /// consultáveis e com o zoom nos seus limites), objetos do último para o primeiro.
@@ -232,6 +235,11 @@ public:
     TFont &Font() { return FFont; }
     /// A seta de seleção (possuída).
     TSeta &Seta() { return *FSeta; }
+    /// Extensão: a barra de escala (km e milhas náuticas, ver `TGISBarraDeEscala`) no canto de
+    /// baixo à esquerda. Ela é desenhada na imagem da tela depois do mapa, nunca no buffer (que
+    /// fica igual com ou sem ela). Padrão: desligada. Vale a partir do próximo `Paint`.
+    bool MostrarEscala() const { return FMostrarEscala; }
+    void AtribuirMostrarEscala(bool mostrar) { FMostrarEscala = mostrar; }
     /// Cor de fundo do mapa. Padrão: a cor de janela do sistema (`clWindow`).
     TColor Color() const { return FColor; }
     void AtribuirColor(TColor cor) { FColor = cor; }
@@ -332,6 +340,14 @@ protected:
     void mouseMoveEvent(QMouseEvent *evento) override;
     void mouseDoubleClickEvent(QMouseEvent *evento) override;
     void leaveEvent(QEvent *evento) override;
+    /// Extensão: a roda vai a cada ferramenta (`GISMouseWheel`), com o ponto do cursor.
+    void wheelEvent(QWheelEvent *evento) override;
+    /// Extensão: a tecla vai a cada ferramenta (`GISKeyDown`); o controle tem o foco pelo clique
+    /// ou pelo Tab.
+    void keyPressEvent(QKeyEvent *evento) override;
+    /// Extensão: com o cursor parado, a dica mostra o rótulo do objeto rotulado mais de cima sob
+    /// ele (o mesmo de `ObterObjeto`); sem objeto, a dica do próprio widget, se houver.
+    bool event(QEvent *evento) override;
 
 private:
     struct TRegistroFerramenta
@@ -398,6 +414,7 @@ private:
     QSize FTamanhoAvisado;
     bool FCursorDentro = false;
     TPoint FPontoDoCursor;
+    bool FMostrarEscala = false;
 };
 
 } // namespace tavru

@@ -1,6 +1,7 @@
 #include "TJanelaMapa.h"
 
 #include "ArquivosDoMapa.h"
+#include "FerramentasDaJanela.h"
 #include "MapaEmbutido.h"
 
 #include <tavru/companions/components/TVisualizadorInformacoes.h>
@@ -66,6 +67,7 @@ TJanelaMapa::TJanelaMapa(QWidget *parent)
 
     MontarMapaEmbutido(*FGis);
     FGis->RegistrarMouseEvent(this);
+    FFerramentas = new TFerramentasDaJanela(*this, *FGis, *FBarra, *FVisualizador);
     FGis->Zerado();
 }
 
@@ -138,7 +140,7 @@ void TJanelaMapa::SalvarCamada()
 
 void TJanelaMapa::GISMouseClick(const TPoint &ponto)
 {
-    if (FBarra->Estado() == meSemAcao)
+    if (FBarra->Estado() == meSemAcao && FFerramentas->CliqueSeleciona())
         FGis->SelecionarObjeto(FGis->ObterObjeto(ponto));
 }
 

@@ -11,6 +11,7 @@ class QLabel;
 
 namespace tavru {
 
+class TFerramentasDaJanela;
 class TGis;
 class TGISBarraDeManipulacao;
 class TVisualizadorInformacoes;
@@ -64,6 +65,7 @@ private:
     TVisualizadorInformacoes *FVisualizador;
     QLabel *FPosicao;
     QLabel *FZoom;
+    TFerramentasDaJanela *FFerramentas;
     bool FAjustado = false;
 };
 

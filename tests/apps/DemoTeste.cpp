@@ -2,6 +2,8 @@
 // com tela (um Xvfb de verdade) ele abre a janela, e uma fotografia da tela tirada de fora do
 // programa (xwd) mostra o mapa, não uma janela em branco.
 
+#include "Processos.h"
+
 #include <QFile>
 #include <QImage>
 #include <QProcess>
@@ -11,6 +13,8 @@
 #include <QThread>
 #include <QtEndian>
 #include <gtest/gtest.h>
+
+using namespace tavru::teste;
 
 namespace {
 
@@ -87,33 +91,6 @@ int Rodar(QProcess &processo, const QStringList &argumentos)
 {
     processo.start(Aplicativo, argumentos);
     return processo.waitForFinished(60000) ? processo.exitCode() : -1;
-}
-
-/// Espera uma linha na saída do processo, até `ms` milissegundos.
-QString EsperarLinha(QProcess &processo, int ms)
-{
-    QElapsedTimer relogio;
-    relogio.start();
-    while (relogio.elapsed() < ms) {
-        if (processo.canReadLine())
-            return QString::fromLocal8Bit(processo.readLine()).trimmed();
-        if (processo.state() == QProcess::NotRunning)
-            return {};
-        processo.waitForReadyRead(200);
-    }
-    return {};
-}
-
-/// Encerra o processo, se ainda roda.
-void Encerrar(QProcess &processo)
-{
-    if (processo.state() == QProcess::NotRunning)
-        return;
-    processo.terminate();
-    if (!processo.waitForFinished(5000)) {
-        processo.kill();
-        processo.waitForFinished(5000);
-    }
 }
 
 } // namespace
