@@ -2,6 +2,7 @@
 
 #include "ArquivosDoMapa.h"
 #include "MapaEmbutido.h"
+#include "TJanelaDeSimbolos.h"
 
 #include <tavru/companions/components/TVisualizadorInformacoes.h>
 #include <tavru/companions/geodesy/TextoGeodesico.h>
@@ -57,6 +58,7 @@ TJanelaMapa::TJanelaMapa(QWidget *parent)
 
     MontarMapaEmbutido(*FGis);
     FGis->RegistrarMouseEvent(this);
+    exibir->addAction((new TJanelaDeSimbolos(FGis, this))->toggleViewAction());
     FGis->Zerado();
 }
 
