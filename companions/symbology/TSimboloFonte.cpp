@@ -7,13 +7,16 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 
 namespace tavru {
 
 void TSimboloFonte::DesenharRotacionado(TCanvas &canvas, const TRect &r, double angulo) const
 {
     const TRect o = ConcertaRect(r);
-    const int lado = std::min(o.Width(), o.Height());
+    // Em 64 bits: um retângulo de ponta a ponta da faixa de 32 bits não estoura.
+    const int lado = static_cast<int>(std::min<std::int64_t>(
+        {std::int64_t(o.Right) - o.Left, std::int64_t(o.Bottom) - o.Top, 4096}));
     if (lado <= 0 || FLetra.unicode() == 0)
         return;
     const TEstadoDoCanvas estado(canvas);

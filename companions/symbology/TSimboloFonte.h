@@ -11,9 +11,9 @@ namespace tavru {
 
 /// Símbolo que é um caractere (`Letra`) escrito com `Fonte` (nome, estilo, cor).
 ///
-/// Desenho: a altura da fonte vira o menor lado do retângulo (pixels); o caractere fica centrado
-/// nele, girado em torno do centro. A altura guardada na fonte não é usada no desenho. O código
-/// 0 (o padrão) não escreve nada.
+/// Desenho: a altura da fonte vira o menor lado do retângulo (pixels, até 4096); o caractere
+/// fica centrado nele, girado em torno do centro. A altura guardada na fonte não é usada no
+/// desenho. O código 0 (o padrão) não escreve nada.
 class TAVRU_SIMBOLOGIA_EXPORT TSimboloFonte : public ISimbolo
 {
 public:

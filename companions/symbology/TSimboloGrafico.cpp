@@ -8,6 +8,7 @@
 #include <QImageReader>
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 
 namespace tavru {
 
@@ -28,14 +29,17 @@ void TSimboloGrafico::LerArquivo(const QString &nome)
 void TSimboloGrafico::DesenharRotacionado(TCanvas &canvas, const TRect &r, double) const
 {
     const TRect o = ConcertaRect(r);
-    if (FImagem.isNull() || o.Width() <= 0 || o.Height() <= 0)
+    // Em 64 bits: um retângulo de ponta a ponta da faixa de 32 bits não estoura.
+    const std::int64_t w = std::int64_t(o.Right) - o.Left, h = std::int64_t(o.Bottom) - o.Top;
+    if (FImagem.isNull() || w <= 0 || h <= 0)
         return;
-    const double escala = std::min(double(o.Width()) / FImagem.width(), double(o.Height()) / FImagem.height());
-    const int largura = std::max(1, static_cast<int>(std::lround(FImagem.width() * escala)));
-    const int altura = std::max(1, static_cast<int>(std::lround(FImagem.height() * escala)));
-    const int esquerda = o.Left + (o.Width() - largura) / 2;
-    const int topo = o.Top + (o.Height() - altura) / 2;
-    canvas.StretchDraw(TRect(esquerda, topo, esquerda + largura, topo + altura), FImagem);
+    const double escala = std::min(double(w) / FImagem.width(), double(h) / FImagem.height());
+    const std::int64_t largura = std::max<std::int64_t>(1, std::llround(FImagem.width() * escala));
+    const std::int64_t altura = std::max<std::int64_t>(1, std::llround(FImagem.height() * escala));
+    const int esquerda = static_cast<int>(o.Left + (w - largura) / 2);
+    const int topo = static_cast<int>(o.Top + (h - altura) / 2);
+    canvas.StretchDraw(TRect(esquerda, topo, static_cast<int>(esquerda + largura), static_cast<int>(topo + altura)),
+                       FImagem);
 }
 
 } // namespace tavru

@@ -6,7 +6,7 @@ namespace tavru {
 
 void TSimboloVetorial::DesenharRotacionado(TCanvas &canvas, const TRect &r, double angulo) const
 {
-    if (FElementos.Count() == 0 || r.Width() == 0 || r.Height() == 0)
+    if (FElementos.Count() == 0 || r.Left == r.Right || r.Top == r.Bottom)
         return;
     const TEstadoDoCanvas estado(canvas);
     const TTransformacaoSimbolo t(FElementos.ObterArea(), r, angulo);

@@ -82,7 +82,8 @@ public:
     /// Inteiros em decimal: coordenadas em unidades do símbolo, cores `0x00BBGGRR` com sinal
     /// (-1 = sem cor), estilos pelos ordinais da plataforma, `Letra` pelo código UTF-16. Raios e
     /// ângulos (radianos) em decimal com 17 algarismos, para voltarem exatos. `Posicoes` são pares
-    /// "x,y" separados por espaços. A ordem dos símbolos e dos elementos é a da tabela.
+    /// "x,y" separados por espaços. A ordem dos símbolos e dos elementos é a da tabela. Símbolos
+    /// e elementos de outras classes (derivadas fora deste pacote) não são gravados.
     QByteArray ObterXML() const;
     /// Troca o conteúdo da tabela pelo documento `xml` (a forma de `ObterXML`).
     ///
