@@ -3,6 +3,7 @@
 #include "ArquivosDoMapa.h"
 #include "FerramentasDaJanela.h"
 #include "MapaEmbutido.h"
+#include "TJanelaDeSimbolos.h"
 
 #include <tavru/companions/components/TVisualizadorInformacoes.h>
 #include <tavru/companions/geodesy/TextoGeodesico.h>
@@ -68,6 +69,7 @@ TJanelaMapa::TJanelaMapa(QWidget *parent)
     MontarMapaEmbutido(*FGis);
     FGis->RegistrarMouseEvent(this);
     FFerramentas = new TFerramentasDaJanela(*this, *FGis, *FBarra, *FVisualizador);
+    exibir->addAction((new TJanelaDeSimbolos(FGis, this))->toggleViewAction());
     FGis->Zerado();
 }
 

@@ -17,7 +17,6 @@ struct TSimboloAnotado : ISimbolo
 {
     mutable TRect R;
     mutable double A = 0;
-    QString Nome() const override { return QString(); }
     void DesenharRotacionado(TCanvas &, const TRect &r, double a) const override { R = r, A = a; }
 };
 } // namespace
