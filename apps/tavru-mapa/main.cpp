@@ -4,6 +4,7 @@
 
 #include "ArquivosDoMapa.h"
 #include "MapaEmbutido.h"
+#include "PluginsDoMapa.h"
 #include "TJanelaMapa.h"
 
 #include <tavru/control/TGis.h>
@@ -96,6 +97,7 @@ int main(int argc, char **argv)
 
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("tavru-mapa"));
+    CarregarPluginsDoMapa();
     if (semTela || !arquivoPng.isEmpty())
         return DesenharEmPng(arquivoPng.isEmpty() ? QDir::temp().filePath(QStringLiteral("tavru-mapa.png"))
                                                   : arquivoPng,
