@@ -63,7 +63,8 @@ void Registros(const std::uint8_t *dados, std::size_t tamanho)
         if (tipo == TAVRU_DGN_LINHA || tipo == TAVRU_DGN_AREA) {
             const std::size_t disponiveis = std::min<std::size_t>((tamanho - i) / sizeof(TavruPontoDGN), 4096);
             vertices.resize(disponiveis);
-            std::memcpy(vertices.data(), dados + i, disponiveis * sizeof(TavruPontoDGN));
+            if (disponiveis > 0)
+                std::memcpy(vertices.data(), dados + i, disponiveis * sizeof(TavruPontoDGN));
             i += disponiveis * sizeof(TavruPontoDGN);
             // Total e vértices ficam no começo dos dois registros.
             std::int32_t total;
