@@ -7,7 +7,10 @@
  *
  *   int32_t iInicializar(void);                     uma vez, ao carregar; 0 = não está pronto
  *                                                   (a biblioteca é liberada)
- *   void    iFinalizar(void);                       uma vez, antes de a biblioteca ser liberada
+ *   void    iFinalizar(void);                       uma vez, antes de a biblioteca ser liberada;
+ *                                                   pode rodar na saída do processo, depois dos
+ *                                                   destrutores estáticos do próprio plug-in:
+ *                                                   mantenha-a simples
  *   void    iObterFiltroArquivos(const char **f);   põe em *f o filtro do diálogo de abrir,
  *                                                   terminado em zero: descrição, "|", máscara
  *                                                   ("Desenhos DGN (*.dgn)|*.dgn"); o texto fica

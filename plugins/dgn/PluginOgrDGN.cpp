@@ -2,11 +2,11 @@
 //
 // Cada elemento que o OGR entrega vira registros do contrato de PluginDGN.h:
 // - pontos e textos (na origem do texto; os registros não têm texto) viram pontos;
-// - linhas, cadeias de linhas, arcos e cadeias complexas (que o OGR já aproxima por linhas)
+// - linhas, cadeias de linhas, arcos e cadeias complexas (arcos aproximados por linhas pelo OGR)
 //   viram linhas;
-// - formas, formas complexas e elipses (polígonos no OGR) viram áreas, um anel por área, sem o
-//   vértice que repete o primeiro (o sistema fecha o anel), com o preenchimento quando a forma
-//   tem;
+// - formas e formas complexas (polígonos no OGR) e elipses (linhas fechadas no OGR) viram áreas,
+//   um anel por área, sem o vértice que repete o primeiro (o sistema fecha o anel), com o
+//   preenchimento quando a forma tem; os buracos de um polígono viram áreas também;
 // - células e coleções são achatadas nas partes.
 // As cores vêm da tabela de cores do desenho (o OGR as põe no texto de estilo do elemento: PEN
 // c:, BRUSH fc:, LABEL c:), a espessura (Weight, 0 a 31) vira a largura da caneta em pixels
@@ -37,6 +37,7 @@ const char *const Filtro = "Desenhos MicroStation DGN (*.dgn)|*.dgn";
 constexpr std::int32_t Branco = 0x00FFFFFF;
 constexpr std::uint8_t PincelSolido = 0;
 constexpr std::uint8_t PincelVazio = 1;
+constexpr int TipoElipse = 15;
 
 /// O estilo de caneta da casa para o estilo de linha do DGN (0 sólida, 1 pontilhada, 2 traço
 /// médio, 3 traço longo, 4 traço-ponto, 5 traço curto, 6 traço-dois-pontos, 7 traço longo e
@@ -97,7 +98,7 @@ class TImportacao
 public:
     TImportacao(TavruRetornoDGN retorno, void *contexto) : FRetorno(retorno), FContexto(contexto) {}
 
-    void Feicao(OGRFeature &feicao, int campoEspessura, int campoEstilo)
+    void Feicao(OGRFeature &feicao, int campoTipo, int campoEspessura, int campoEstilo)
     {
         const OGRGeometry *geometria = feicao.GetGeometryRef();
         if (!geometria)
@@ -114,6 +115,8 @@ public:
         const int espessura = campoEspessura >= 0 ? feicao.GetFieldAsInteger(campoEspessura) : 0;
         FLargura = static_cast<std::uint8_t>(std::clamp(espessura + 1, 1, 255));
         FEstilo = EstiloDaCaneta(campoEstilo >= 0 ? feicao.GetFieldAsInteger(campoEstilo) : 0);
+        // A elipse do DGN (tipo 15) é uma figura fechada, que o OGR entrega como linha.
+        FElipse = campoTipo >= 0 && feicao.GetFieldAsInteger(campoTipo) == TipoElipse;
         Geometria(*geometria, 0);
     }
 
@@ -132,6 +135,10 @@ private:
             break;
         }
         case wkbLineString: {
+            if (FElipse && g.toLineString()->get_IsClosed()) {
+                Area(*g.toLineString());
+                break;
+            }
             Vertices(*g.toLineString(), false);
             TavruRegistroLinhaDGN r{};
             r.Total = static_cast<std::int32_t>(FVertices.size());
@@ -143,18 +150,8 @@ private:
             break;
         }
         case wkbPolygon:
-            for (const OGRLinearRing *anel : *g.toPolygon()) {
-                Vertices(*anel, true);
-                TavruRegistroAreaDGN r{};
-                r.Total = static_cast<std::int32_t>(FVertices.size());
-                r.Vertices = FVertices.data();
-                r.CorCaneta = FCor;
-                r.CorPincel = FCorPincel >= 0 ? FCorPincel : FCor;
-                r.LarguraCaneta = FLargura;
-                r.EstiloCaneta = FEstilo;
-                r.EstiloPincel = FCorPincel >= 0 ? PincelSolido : PincelVazio;
-                FRetorno(TAVRU_DGN_AREA, &r, FContexto);
-            }
+            for (const OGRLinearRing *anel : *g.toPolygon())
+                Area(*anel);
             break;
         case wkbMultiPoint:
         case wkbMultiLineString:
@@ -172,6 +169,20 @@ private:
             }
             break;
         }
+    }
+
+    void Area(const OGRSimpleCurve &anel)
+    {
+        Vertices(anel, true);
+        TavruRegistroAreaDGN r{};
+        r.Total = static_cast<std::int32_t>(FVertices.size());
+        r.Vertices = FVertices.data();
+        r.CorCaneta = FCor;
+        r.CorPincel = FCorPincel >= 0 ? FCorPincel : FCor;
+        r.LarguraCaneta = FLargura;
+        r.EstiloCaneta = FEstilo;
+        r.EstiloPincel = FCorPincel >= 0 ? PincelSolido : PincelVazio;
+        FRetorno(TAVRU_DGN_AREA, &r, FContexto);
     }
 
     static TavruPontoDGN Ponto(double x, double y)
@@ -200,6 +211,7 @@ private:
     std::int32_t FCorPincel = -1;
     std::uint8_t FLargura = 1;
     std::uint8_t FEstilo = 0;
+    bool FElipse = false;
 };
 
 } // namespace
@@ -244,11 +256,12 @@ TAVRU_DGN_EXPORTA std::int32_t iImportar(const char *arquivo, TavruRetornoDGN re
         TImportacao importacao(retorno, contexto);
         for (OGRLayer *camada : desenho->GetLayers()) {
             OGRFeatureDefn *definicao = camada->GetLayerDefn();
+            const int tipo = definicao->GetFieldIndex("Type");
             const int espessura = definicao->GetFieldIndex("Weight");
             const int estilo = definicao->GetFieldIndex("Style");
             camada->ResetReading();
             while (OGRFeatureUniquePtr feicao{camada->GetNextFeature()})
-                importacao.Feicao(*feicao, espessura, estilo);
+                importacao.Feicao(*feicao, tipo, espessura, estilo);
         }
         return 1;
     } catch (...) {

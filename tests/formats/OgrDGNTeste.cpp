@@ -151,3 +151,42 @@ TEST_F(DGN, ArquivoQueNaoEDGN)
     EXPECT_THROW(lista.Ler(falso, "tavru_dgn" + So), Exception);
     EXPECT_EQ(lista.Count(), 0);
 }
+
+TEST_F(DGN, PreenchimentoElipseArcoECelula)
+{
+    ASSERT_EQ(TTratadorDeArquivosDGN::CarregarPlugins(PastaDoPacote("dgn-graus")), 1);
+    TGISObjetoList lista;
+    ASSERT_TRUE(lista.Ler(TAVRU_DADOS "/dgn/especiais.dgn", "tavru_dgn_graus" + So));
+    // A linha da base, a forma preenchida, a elipse, o arco e as duas partes da célula.
+    ASSERT_EQ(lista.Count(), 6);
+
+    const auto &preenchida = dynamic_cast<const TGISArea &>(*lista.ObterGISObjeto(1));
+    EXPECT_EQ(preenchida.Pincel().Style, bsSolid);
+    EXPECT_EQ(preenchida.Pincel().Color, 0x00FF00);
+    EXPECT_EQ(preenchida.Caneta().Color, 0x0000FF);
+    EXPECT_EQ(preenchida.Caneta().Width, 2);
+
+    // A elipse (semi-eixos 2 e 1 graus em -40, -10) é uma área fechada, sem preenchimento.
+    const auto &elipse = dynamic_cast<const TGISArea &>(*lista.ObterGISObjeto(2));
+    EXPECT_EQ(elipse.Pincel().Style, bsClear);
+    EXPECT_EQ(elipse.Caneta().Color, 0x00FFFF);
+    const TGISRet e = elipse.Area();
+    EXPECT_NEAR(e.Pos1.Longitude, Segundos(-42), 2);
+    EXPECT_NEAR(e.Pos2.Longitude, Segundos(-38), 2);
+    EXPECT_NEAR(e.Pos1.Latitude, Segundos(-11), 2);
+    EXPECT_NEAR(e.Pos2.Latitude, Segundos(-9), 2);
+
+    // O arco de raio 1,5 em (-40, -20), de 0 a 90 graus: de (-38.5, -20) a (-40, -18.5).
+    const auto &arco = dynamic_cast<const TGISLinha &>(*lista.ObterGISObjeto(3));
+    EXPECT_EQ(dynamic_cast<const TGISArea *>(&arco), nullptr);
+    const TGISPosicaoList &pontos = *arco.Pontos().Items(0);
+    EXPECT_GT(pontos.Count(), 10);
+    EXPECT_EQ(pontos.ObterPosicao(0), GISPosicao(Segundos(-20), Segundos(-38.5)));
+    EXPECT_NEAR(pontos.Last().Latitude, Segundos(-18.5), 1);
+    EXPECT_NEAR(pontos.Last().Longitude, Segundos(-40), 1);
+
+    // A célula achatada: a linha e a forma dela, na cor 6 da tabela (#ff7f00).
+    EXPECT_EQ(lista.ObterGISObjeto(4)->Classe().Nome(), "TGISLinha");
+    EXPECT_EQ(lista.ObterGISObjeto(5)->Classe().Nome(), "TGISArea");
+    EXPECT_EQ(lista.ObterGISObjeto(5)->ObterCor(), 0x007FFF);
+}
