@@ -1,6 +1,7 @@
 #include <tavru/platform/TProvedorDeDialogos.h>
 
 #include <QApplication>
+#include <QDialog>
 #include <QFileDialog>
 #include <QFontDialog>
 #include <QInputDialog>
@@ -40,6 +41,11 @@ QString TProvedorDeDialogos::InputBox(const QString &titulo, const QString &perg
 {
     QString valor = padrao;
     return InputQuery(titulo, pergunta, valor) ? valor : padrao;
+}
+
+bool TProvedorDeDialogos::ExecutarDialogo(QDialog &dialogo)
+{
+    return dialogo.exec() == QDialog::Accepted;
 }
 
 QString TProvedorDeDialogos::ParDoFiltro(const QString &filtro, int indice)
@@ -191,6 +197,16 @@ bool TDialogosRoteirizados::Mensagem(const QString &texto, const QString &titulo
     const bool r = Confirmacoes.front();
     Confirmacoes.pop_front();
     return r;
+}
+
+bool TDialogosRoteirizados::ExecutarDialogo(QDialog &dialogo)
+{
+    Perguntas << QStringLiteral("diálogo: %1").arg(dialogo.windowTitle());
+    if (Roteiros.empty())
+        return false;
+    const std::function<bool(QDialog &)> roteiro = std::move(Roteiros.front());
+    Roteiros.pop_front();
+    return roteiro && roteiro(dialogo);
 }
 
 } // namespace tavru

@@ -15,8 +15,11 @@
 #include <QString>
 #include <QStringList>
 #include <deque>
+#include <functional>
 #include <memory>
 #include <optional>
+
+class QDialog;
 
 namespace tavru {
 
@@ -39,6 +42,9 @@ public:
     virtual bool EscolherFonte(TFont &fonte) = 0;
     /// Mostra uma mensagem; para `mtConfirmacao` devolve se o usuário confirmou, senão verdadeiro.
     virtual bool Mensagem(const QString &texto, const QString &titulo, TTipoMensagem tipo) = 0;
+    /// Mostra um diálogo da casa (montado por quem chama, que continua dono dele) de modo modal e
+    /// responde se foi confirmado. O padrão é `exec()` e "aceito".
+    virtual bool ExecutarDialogo(QDialog &dialogo);
 
     /// A caixa de entrada da plataforma: a resposta, ou `padrao` se cancelado.
     QString InputBox(const QString &titulo, const QString &pergunta, const QString &padrao);
@@ -87,6 +93,12 @@ public:
     bool SalvarArquivo(const QString &titulo, const QString &filtro, QString &nome, int &indiceFiltro) override;
     bool EscolherFonte(TFont &fonte) override;
     bool Mensagem(const QString &texto, const QString &titulo, TTipoMensagem tipo) override;
+
+    /// Diálogos da casa: cada um tira o próximo roteiro, que recebe o diálogo (pode mexer nos
+    /// controles dele) e responde se foi confirmado; fila vazia é cancelamento. O diálogo nunca
+    /// aparece.
+    std::deque<std::function<bool(QDialog &)>> Roteiros;
+    bool ExecutarDialogo(QDialog &dialogo) override;
 
 private:
     bool Arquivo(const QString &tipo, const QString &titulo, QString &nome, int &indiceFiltro);

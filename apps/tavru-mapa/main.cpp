@@ -5,6 +5,7 @@
 
 #include "ArquivosDoMapa.h"
 #include "MapaEmbutido.h"
+#include "PluginsDoMapa.h"
 #include "TJanelaMapa.h"
 #include "TraducoesDoQt.h"
 
@@ -106,6 +107,7 @@ int main(int argc, char **argv)
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("tavru-mapa"));
     CarregarTraducoesDoQt(app);
+    CarregarPluginsDoMapa();
     AjustarDocumentosDoAplicativo();
     const bool telaAbriu = !semTela && QGuiApplication::platformName() != QLatin1String("offscreen");
     if (!semTela && !telaAbriu && arquivoPng.isEmpty() && !escolhida)

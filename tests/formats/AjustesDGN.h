@@ -1,0 +1,67 @@
+#pragma once
+// Ajustes comuns dos testes de DGN: registro de tratadores e de plug-ins guardados e restaurados,
+// diálogos roteirizados, uma pasta temporária para os desenhos e os ".geo".
+
+#include <tavru/core/TGISObjetoList.h>
+#include <tavru/formats/TTratadorDeArquivosDGN.h>
+#include <tavru/platform/TProvedorDeDialogos.h>
+
+#include <QFile>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+namespace teste {
+
+/// Pasta de plug-ins de teste ("graus", "grade", "mistos") ou do pacote ("dgn", "dgn-graus").
+inline QString PastaDeTeste(const char *nome)
+{
+    return QStringLiteral(TAVRU_PLUGINS_TESTE "/") + QLatin1String(nome);
+}
+inline QString PastaDoPacote(const char *nome)
+{
+    return QStringLiteral(TAVRU_PLUGINS_PACOTE "/") + QLatin1String(nome);
+}
+
+class DGN : public ::testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        FRegistro = tavru::TGISObjetoList::ObterRegistro();
+        tavru::TTratadorDeArquivosDGN::LiberarPlugins();
+        auto roteirizados = std::make_unique<tavru::TDialogosRoteirizados>();
+        Roteiro = roteirizados.get();
+        FAnterior = tavru::TrocarDialogos(std::move(roteirizados));
+        ASSERT_TRUE(Pasta.isValid());
+    }
+    void TearDown() override
+    {
+        tavru::TTratadorDeArquivosDGN::LiberarPlugins();
+        tavru::TrocarDialogos(std::move(FAnterior));
+        tavru::TGISObjetoList::RestaurarRegistro(FRegistro);
+    }
+
+    /// Grava `texto` em `nome` na pasta temporária e devolve o caminho.
+    QString Arquivo(const QString &nome, const QByteArray &texto)
+    {
+        const QString caminho = Pasta.filePath(nome);
+        QFile f(caminho);
+        EXPECT_TRUE(f.open(QIODevice::WriteOnly | QIODevice::Truncate));
+        f.write(texto);
+        return caminho;
+    }
+    static QByteArray Conteudo(const QString &caminho)
+    {
+        QFile f(caminho);
+        return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+    }
+
+    QTemporaryDir Pasta;
+    tavru::TDialogosRoteirizados *Roteiro = nullptr;
+
+private:
+    std::vector<tavru::TRegistro> FRegistro;
+    std::unique_ptr<tavru::TProvedorDeDialogos> FAnterior;
+};
+
+} // namespace teste
