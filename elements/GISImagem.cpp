@@ -312,23 +312,31 @@ TFigurasLidas &FigurasLidas()
     return figuras;
 }
 
-/// Decodifica a figura aberta em `dispositivo`, dentro do limite, e a deixa opaca e com 8 bits.
-QImage Decodificar(QIODevice &dispositivo, const QString &nome)
+/// A figura de `tamanho` pixels cabe no limite, contada com 32 bits por pixel; senão, erro.
+void ConferirLimite(const QString &nome, QSize tamanho)
 {
-    QImageReader leitor(&dispositivo);
-    leitor.setDecideFormatFromContent(true);
-    const QSize tamanho = leitor.size();
     const qint64 limite = LimiteDasFiguras.load();
-    if (tamanho.isValid() && limite > 0 && qint64(tamanho.width()) * tamanho.height() * 4 > limite) {
+    const qint64 bytes = qint64(tamanho.width()) * tamanho.height() * 4;
+    if (limite > 0 && bytes > limite) {
         constexpr double MB = 1024.0 * 1024.0;
         throw EInOutError(QStringLiteral("A figura \"%1\" tem %2 x %3 pixels (%4 MB em 32 bits), acima do limite de "
                                          "%5 MB das figuras; ela não foi lida.")
                               .arg(nome)
                               .arg(tamanho.width())
                               .arg(tamanho.height())
-                              .arg(qint64(tamanho.width()) * tamanho.height() * 4 / MB, 0, 'f', 0)
-                              .arg(limite / MB, 0, 'f', 0));
+                              .arg(bytes / MB, 0, 'f', 1)
+                              .arg(limite / MB, 0, 'f', 1));
     }
+}
+
+/// Decodifica a figura aberta em `dispositivo`, dentro do limite, e a deixa opaca e com 8 bits.
+QImage Decodificar(QIODevice &dispositivo, const QString &nome)
+{
+    QImageReader leitor(&dispositivo);
+    leitor.setDecideFormatFromContent(true);
+    const QSize tamanho = leitor.size();
+    if (tamanho.isValid())
+        ConferirLimite(nome, tamanho);
     // A figura decodificada já alocada e conferida, quando o cabeçalho diz o tamanho e o formato.
     QImage lida;
     if (tamanho.isValid() && leitor.imageFormat() != QImage::Format_Invalid)
@@ -447,6 +455,8 @@ void TGISImagem::LerArquivo(const QString &nome)
     QImage figura = FigurasLidas().Procurar(chave);
     if (figura.isNull())
         figura = FigurasLidas().Guardar(chave, Decodificar(*arquivo, nome));
+    else
+        ConferirLimite(nome, figura.size()); // o limite vale também para a figura já lida
     FImagem = figura;
     LerArquivoGEO(nome);
 }

@@ -348,10 +348,11 @@ char *NovoBloco(size_t tamanho, const QString &origem)
     return static_cast<char *>(bloco);
 }
 
-[[noreturn]] void ErroNaPosicao(const QString &origem, const char *texto, size_t deslocamento, const QString &problema)
+[[noreturn]] void ErroNaPosicao(const QString &origem, const char *texto, size_t deslocamento, const QString &problema,
+                                size_t descontar)
 {
     qsizetype linha = 0, coluna = 0;
-    LinhaEColuna(texto, deslocamento, linha, coluna);
+    LinhaEColuna(texto, deslocamento, linha, coluna, descontar);
     throw EFilerError(QStringLiteral("%1, linha %2, coluna %3: %4; nada foi lido.")
                           .arg(origem)
                           .arg(linha)
@@ -613,7 +614,7 @@ char *TTextoDoDocumento::Alocar(size_t tamanho)
     return novo;
 }
 
-void ConferirDocumento(TTextoDoDocumento &texto, const QString &origem)
+void ConferirDocumento(TTextoDoDocumento &texto, const QString &origem, size_t descontar)
 {
     const auto *p = reinterpret_cast<const unsigned char *>(texto.Dados());
     const size_t n = texto.Tamanho();
@@ -671,7 +672,7 @@ void ConferirDocumento(TTextoDoDocumento &texto, const QString &origem)
                         QStringLiteral("o substituto U+%1 solto não é UTF-16 válido (a codificação do documento)")
                             .arg(Hexa(c, 4));
                     trocar(novo, feito);
-                    ErroNaPosicao(origem, texto.Dados(), feito, problema);
+                    ErroNaPosicao(origem, texto.Dados(), feito, problema, descontar);
                 }
                 c = 0x10000 + ((c - 0xD800) << 10) + (unidade(++k) - 0xDC00);
             }
@@ -696,7 +697,7 @@ void ConferirDocumento(TTextoDoDocumento &texto, const QString &origem)
         trocar(novo, feito);
         if (sobra)
             ErroNaPosicao(origem, texto.Dados(), feito,
-                          QStringLiteral("o documento termina no meio de um caractere UTF-16"));
+                          QStringLiteral("o documento termina no meio de um caractere UTF-16"), descontar);
         break;
     }
     }
@@ -704,11 +705,15 @@ void ConferirDocumento(TTextoDoDocumento &texto, const QString &origem)
     const size_t onde = Varrer(reinterpret_cast<const unsigned char *>(texto.Dados()), texto.Tamanho(),
                                entrada == TEntrada::Ascii, nome.trimmed().toUpper(), problema);
     if (onde < texto.Tamanho())
-        ErroNaPosicao(origem, texto.Dados(), onde, problema);
+        ErroNaPosicao(origem, texto.Dados(), onde, problema, descontar);
 }
 
-void LinhaEColuna(const char *texto, size_t deslocamento, qsizetype &linha, qsizetype &coluna)
+void LinhaEColuna(const char *texto, size_t deslocamento, qsizetype &linha, qsizetype &coluna, size_t descontar)
 {
+    if (deslocamento >= descontar) {
+        texto += descontar;
+        deslocamento -= descontar;
+    }
     linha = 1;
     size_t inicioDaLinha = 0;
     for (size_t i = 0; i < deslocamento; ++i) {

@@ -72,7 +72,7 @@ public:
     size_t Tamanho() const { return FTamanho; }
 
 private:
-    friend void ConferirDocumento(TTextoDoDocumento &texto, const QString &origem);
+    friend void ConferirDocumento(TTextoDoDocumento &texto, const QString &origem, size_t descontar);
     char *FBloco = nullptr;
     size_t FInicio = 0;
     size_t FTamanho = 0;
@@ -87,12 +87,14 @@ private:
 /// referência (`&#0;`, `&#xFFFF;`, `&#xD800;`, acima de U+10FFFF), e uma codificação declarada que
 /// não é uma dessas são erros. Referências dentro de comentários, CDATA e instruções de
 /// processamento são texto e não contam.
+/// Os primeiros `descontar` bytes (um invólucro que quem chama pôs em volta do texto dele) não
+/// contam nas posições.
 /// \throws EFilerError "<origem>, linha L, coluna C: <o problema>." (linhas e colunas contadas de
 ///         1; colunas em caracteres).
-void ConferirDocumento(TTextoDoDocumento &texto, const QString &origem);
+void ConferirDocumento(TTextoDoDocumento &texto, const QString &origem, size_t descontar = 0);
 /// A linha e a coluna (contadas de 1; colunas em caracteres) do byte `deslocamento` de um texto
-/// UTF-8, como as mensagens as dão.
-void LinhaEColuna(const char *texto, size_t deslocamento, qsizetype &linha, qsizetype &coluna);
+/// UTF-8, como as mensagens as dão, sem contar os primeiros `descontar` bytes.
+void LinhaEColuna(const char *texto, size_t deslocamento, qsizetype &linha, qsizetype &coluna, size_t descontar = 0);
 
 /// As linhas do documento em bytes, na codificação que `cabecalho` declara, cada linha seguida de
 /// CR LF. \throws EConvertError codificação não suportada, ou um caractere que ela não tem (a

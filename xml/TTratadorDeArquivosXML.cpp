@@ -49,11 +49,13 @@ QString DescricaoDoErro(pugi::xml_parse_status status)
     return QStringLiteral("erro desconhecido");
 }
 
-[[noreturn]] void ErroDeDocumento(const QString &origem, const pugi::xml_parse_result &r, const xmlp::TTextoDoDocumento &texto)
+// O erro do DOM com a linha e a coluna (sem contar os primeiros `descontar` bytes do texto).
+[[noreturn]] void ErroDeDocumento(const QString &origem, const pugi::xml_parse_result &r,
+                                  const xmlp::TTextoDoDocumento &texto, size_t descontar = 0)
 {
     qsizetype linha = 0, coluna = 0;
     xmlp::LinhaEColuna(texto.Dados(), std::min(static_cast<size_t>(std::max<std::ptrdiff_t>(r.offset, 0)), texto.Tamanho()),
-                       linha, coluna);
+                       linha, coluna, descontar);
     throw EFilerError(QStringLiteral("%1 não é um documento XML bem formado: %2 (linha %3, coluna %4).")
                           .arg(origem, DescricaoDoErro(r.status))
                           .arg(linha)
@@ -136,18 +138,19 @@ void TTratadorDeArquivosXML::Gravar(const QString &nomeArquivo)
 
 std::unique_ptr<TGISObjeto> TTratadorDeArquivosXML::ObterObjeto(const QString &texto)
 {
-    const QByteArray documentoTexto =
-        (QLatin1Char('<') + TAG_RAIZ + QLatin1Char('>') + texto + QLatin1String("</") + TAG_RAIZ + QLatin1Char('>'))
-            .toUtf8();
+    // Linhas e colunas das mensagens contam do começo de `texto`, não do invólucro.
+    const QByteArray abertura = (QLatin1Char('<') + TAG_RAIZ + QLatin1Char('>')).toUtf8();
+    const QByteArray documentoTexto = abertura + (texto + QLatin1String("</") + TAG_RAIZ + QLatin1Char('>')).toUtf8();
     xmlp::TTextoDoDocumento conferido;
     std::memcpy(conferido.Alocar(static_cast<size_t>(documentoTexto.size())), documentoTexto.constData(),
                 static_cast<size_t>(documentoTexto.size()));
-    xmlp::ConferirDocumento(conferido, QStringLiteral("O texto"));
+    const auto descontar = static_cast<size_t>(abertura.size());
+    xmlp::ConferirDocumento(conferido, QStringLiteral("O texto"), descontar);
     pugi::xml_document documento;
     const pugi::xml_parse_result r =
         documento.load_buffer_inplace(conferido.Dados(), conferido.Tamanho(), OpcoesDoDOM, pugi::encoding_utf8);
     if (!r)
-        ErroDeDocumento(QStringLiteral("O texto"), r, conferido);
+        ErroDeDocumento(QStringLiteral("O texto"), r, conferido, descontar);
     const pugi::xml_node raiz = documento.document_element();
     if (!raiz)
         return nullptr;
