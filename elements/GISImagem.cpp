@@ -308,8 +308,9 @@ private:
 
 TFigurasLidas &FigurasLidas()
 {
-    static TFigurasLidas figuras;
-    return figuras;
+    // Nunca destruída: uma imagem estática destruída na saída do programa ainda a encontra.
+    static TFigurasLidas *figuras = new TFigurasLidas;
+    return *figuras;
 }
 
 /// A figura de `tamanho` pixels cabe no limite, contada com 32 bits por pixel; senão, erro.
@@ -468,7 +469,7 @@ bool TGISImagem::LerArquivoGEO(const QString &nome)
     if (!arquivo)
         return false;
     const QByteArray texto = arquivo->read(TamanhoMaximoGEO);
-    if (texto.isNull() && arquivo->error() != QFileDevice::NoError)
+    if (arquivo->error() != QFileDevice::NoError)
         throw EInOutError(QStringLiteral("Não foi possível ler o arquivo \"%1\": %2.").arg(geo, arquivo->errorString()));
     std::int32_t v[4];
     const QString problema = LerQuatroInteiros(texto, v);
