@@ -1,6 +1,7 @@
 #include <tavru/elements/GISImagem.h>
 
 #include <tavru/core/TGISProjecao.h>
+#include <tavru/platform/ArquivoComum.h>
 #include <tavru/platform/Exception.h>
 #include <tavru/platform/TCanvas.h>
 #include <tavru/platform/TProvedorDeDialogos.h>
@@ -9,12 +10,15 @@
 #include <QHash>
 #include <QList>
 #include <QFileInfo>
+#include <QDateTime>
 #include <QImageReader>
-#include <QPainter>
-#include <QSaveFile>
+#include <QMutex>
+#include <QMutexLocker>
 
 #include <algorithm>
+#include <atomic>
 #include <cstdint>
+#include <new>
 #include <vector>
 
 namespace tavru {
@@ -34,35 +38,70 @@ bool Digito(char c)
     return c >= '0' && c <= '9';
 }
 
-/// Lê quatro inteiros de 32 bits de `texto`; falso quando não há quatro números bem formados.
-bool LerQuatroInteiros(const QByteArray &texto, std::int32_t valores[4])
+/// Lê os quatro inteiros de 32 bits do começo de `texto`: espaços em branco antes de cada um,
+/// sinal opcional e dígitos; um número termina num espaço, no fim ou num sinal (o começo do
+/// seguinte). O que vem depois do quarto é ignorado. Devolve vazio quando leu, ou o problema.
+QString LerQuatroInteiros(const QByteArray &texto, std::int32_t valores[4])
 {
     int i = 0;
     const int fim = texto.size();
     for (int k = 0; k < 4; ++k) {
         while (i < fim && Branco(texto[i]))
             ++i;
+        if (i >= fim)
+            return k == 0 ? QStringLiteral("o arquivo não tem números")
+                          : QStringLiteral("tem só %1 número(s)").arg(k);
         bool negativo = false;
-        if (i < fim && (texto[i] == '+' || texto[i] == '-')) {
+        if (texto[i] == '+' || texto[i] == '-') {
             negativo = texto[i] == '-';
             ++i;
         }
+        const QString qual = QStringLiteral("o %1º número").arg(k + 1);
         if (i >= fim || !Digito(texto[i]))
-            return false;
+            return qual + QStringLiteral(" não é um inteiro decimal");
         std::int64_t v = 0;
         while (i < fim && Digito(texto[i])) {
             v = v * 10 + (texto[i] - '0');
             if (v > std::int64_t(INT32_MAX) + 1)
-                return false;
+                return qual + QStringLiteral(" passa dos 32 bits");
             ++i;
         }
+        if (i < fim && !Branco(texto[i]) && texto[i] != '+' && texto[i] != '-')
+            return qual + QStringLiteral(" não é um inteiro decimal");
         if (negativo)
             v = -v;
         if (v > INT32_MAX || v < INT32_MIN)
-            return false;
+            return qual + QStringLiteral(" passa dos 32 bits");
         valores[k] = static_cast<std::int32_t>(v);
     }
-    return true;
+    return QString();
+}
+
+[[noreturn]] void SemMemoria(const QString &nome, QSize tamanho)
+{
+    throw EInOutError(QStringLiteral("Memória insuficiente para a figura \"%1\" (%2 x %3 pixels); ela não foi lida.")
+                          .arg(nome)
+                          .arg(tamanho.width())
+                          .arg(tamanho.height()));
+}
+
+/// Uma figura nova, conferida: a falta de memória é um erro, nunca uma figura nula escrita.
+QImage NovaFigura(QSize tamanho, QImage::Format formato, const QString &nome)
+{
+    QImage figura(tamanho, formato);
+    if (figura.isNull())
+        SemMemoria(nome, tamanho);
+    return figura;
+}
+
+/// O pixel sobre fundo branco: a transparência vira branco.
+QRgb Opaco(QRgb c)
+{
+    const int a = qAlpha(c);
+    if (a == 255)
+        return c;
+    const auto canal = [a](int v) { return (v * a + 255 * (255 - a) + 127) / 255; };
+    return qRgb(canal(qRed(c)), canal(qGreen(c)), canal(qBlue(c)));
 }
 
 /// Paleta de até 256 cores por corte na mediana sobre um histograma de 5 bits por canal, e o
@@ -88,11 +127,12 @@ TPaleta CortarNaMediana(const QImage &rgb32)
     for (int y = 0; y < rgb32.height(); ++y) {
         const QRgb *linha = reinterpret_cast<const QRgb *>(rgb32.constScanLine(y));
         for (int x = 0; x < rgb32.width(); ++x) {
-            TBin &b = bins[static_cast<size_t>(Caixa15(linha[x]))];
+            const QRgb c = Opaco(linha[x]);
+            TBin &b = bins[static_cast<size_t>(Caixa15(c))];
             ++b.N;
-            b.R += qRed(linha[x]);
-            b.G += qGreen(linha[x]);
-            b.B += qBlue(linha[x]);
+            b.R += qRed(c);
+            b.G += qGreen(c);
+            b.B += qBlue(c);
         }
     }
     std::vector<std::vector<int>> caixas(1);
@@ -158,23 +198,24 @@ TPaleta CortarNaMediana(const QImage &rgb32)
 }
 
 /// A figura opaca (transparência sobre branco) e com 8 bits por pixel. Com até 256 cores a
-/// paleta é exata; com mais, o corte na mediana escolhe as 256.
-QImage Opaca8Bits(const QImage &origem)
+/// paleta é exata; com mais, o corte na mediana escolhe as 256. Toda figura alocada é conferida.
+QImage Opaca8Bits(const QImage &origem, const QString &nome)
 {
-    QImage opaca(origem.size(), QImage::Format_RGB32);
-    opaca.fill(Qt::white);
-    {
-        QPainter p(&opaca);
-        p.drawImage(0, 0, origem);
+    QImage cores32 = origem;
+    if (origem.format() != QImage::Format_RGB32 && origem.format() != QImage::Format_ARGB32) {
+        cores32 = origem.convertToFormat(QImage::Format_ARGB32);
+        if (cores32.isNull())
+            SemMemoria(nome, origem.size());
     }
+    const auto linhaDe = [&](int y) { return reinterpret_cast<const QRgb *>(cores32.constScanLine(y)); };
     // Cores exatas quando cabem.
     QHash<QRgb, int> exatas;
-    for (int y = 0; y < opaca.height() && exatas.size() <= 256; ++y) {
-        const QRgb *linha = reinterpret_cast<const QRgb *>(opaca.constScanLine(y));
-        for (int x = 0; x < opaca.width() && exatas.size() <= 256; ++x)
-            exatas.insert(linha[x] | 0xFF000000u, 0);
+    for (int y = 0; y < cores32.height() && exatas.size() <= 256; ++y) {
+        const QRgb *linha = linhaDe(y);
+        for (int x = 0; x < cores32.width() && exatas.size() <= 256; ++x)
+            exatas.insert(Opaco(linha[x]) | 0xFF000000u, 0);
     }
-    QImage saida(opaca.size(), QImage::Format_Indexed8);
+    QImage saida = NovaFigura(cores32.size(), QImage::Format_Indexed8, nome);
     if (exatas.size() <= 256) {
         QList<QRgb> cores;
         for (auto it = exatas.begin(); it != exatas.end(); ++it) {
@@ -182,23 +223,133 @@ QImage Opaca8Bits(const QImage &origem)
             cores.append(it.key());
         }
         saida.setColorTable(cores);
-        for (int y = 0; y < opaca.height(); ++y) {
-            const QRgb *linha = reinterpret_cast<const QRgb *>(opaca.constScanLine(y));
+        for (int y = 0; y < cores32.height(); ++y) {
+            const QRgb *linha = linhaDe(y);
             uchar *destino = saida.scanLine(y);
-            for (int x = 0; x < opaca.width(); ++x)
-                destino[x] = static_cast<uchar>(exatas.value(linha[x] | 0xFF000000u));
+            for (int x = 0; x < cores32.width(); ++x)
+                destino[x] = static_cast<uchar>(exatas.value(Opaco(linha[x]) | 0xFF000000u));
         }
         return saida;
     }
-    const TPaleta paleta = CortarNaMediana(opaca);
+    const TPaleta paleta = CortarNaMediana(cores32);
     saida.setColorTable(paleta.Cores);
-    for (int y = 0; y < opaca.height(); ++y) {
-        const QRgb *linha = reinterpret_cast<const QRgb *>(opaca.constScanLine(y));
+    for (int y = 0; y < cores32.height(); ++y) {
+        const QRgb *linha = linhaDe(y);
         uchar *destino = saida.scanLine(y);
-        for (int x = 0; x < opaca.width(); ++x)
-            destino[x] = paleta.Indice[static_cast<size_t>(Caixa15(linha[x]))];
+        for (int x = 0; x < cores32.width(); ++x)
+            destino[x] = paleta.Indice[static_cast<size_t>(Caixa15(Opaco(linha[x])))];
     }
     return saida;
+}
+
+/// O limite das figuras em bytes (32 bits por pixel); 0 é sem limite.
+std::atomic<qint64> LimiteDasFiguras{qint64(256) * 1024 * 1024};
+
+/// A figura de um arquivo se reconhece pelo caminho, pelo tamanho e pela hora de modificação.
+struct TChaveDeFigura
+{
+    QString Caminho;
+    qint64 Tamanho = 0;
+    qint64 Modificado = 0;
+    bool operator==(const TChaveDeFigura &o) const
+    {
+        return Tamanho == o.Tamanho && Modificado == o.Modificado && Caminho == o.Caminho;
+    }
+};
+
+/// As figuras já lidas, para todo o processo: a mesma figura lida de novo é a mesma cópia
+/// decodificada (o compartilhamento implícito do `QImage`). Uma entrada vive enquanto alguém
+/// além daqui a usa. Protegida por um mutex: figuras podem ser lidas em mais de uma linha.
+class TFigurasLidas
+{
+public:
+    QImage Procurar(const TChaveDeFigura &chave)
+    {
+        const QMutexLocker trava(&FMutex);
+        Purgar();
+        for (const TEntrada &e : FEntradas)
+            if (e.Chave == chave)
+                return e.Figura;
+        return QImage();
+    }
+    /// Guarda a figura e devolve a que fica (a de outra linha que chegou antes, se houve).
+    QImage Guardar(const TChaveDeFigura &chave, const QImage &figura)
+    {
+        const QMutexLocker trava(&FMutex);
+        Purgar();
+        for (const TEntrada &e : FEntradas)
+            if (e.Chave == chave)
+                return e.Figura;
+        FEntradas.push_back({chave, figura});
+        return figura;
+    }
+    void Liberar()
+    {
+        const QMutexLocker trava(&FMutex);
+        Purgar();
+    }
+
+private:
+    struct TEntrada
+    {
+        TChaveDeFigura Chave;
+        QImage Figura;
+    };
+    /// Solta as figuras que só esta lista usa.
+    void Purgar()
+    {
+        FEntradas.erase(std::remove_if(FEntradas.begin(), FEntradas.end(),
+                                       [](const TEntrada &e) { return e.Figura.isDetached(); }),
+                        FEntradas.end());
+    }
+    QMutex FMutex;
+    std::vector<TEntrada> FEntradas;
+};
+
+TFigurasLidas &FigurasLidas()
+{
+    // Nunca destruída: uma imagem estática destruída na saída do programa ainda a encontra.
+    static TFigurasLidas *figuras = new TFigurasLidas;
+    return *figuras;
+}
+
+/// A figura de `tamanho` pixels cabe no limite, contada com 32 bits por pixel; senão, erro.
+void ConferirLimite(const QString &nome, QSize tamanho)
+{
+    const qint64 limite = LimiteDasFiguras.load();
+    const qint64 bytes = qint64(tamanho.width()) * tamanho.height() * 4;
+    if (limite > 0 && bytes > limite) {
+        constexpr double MB = 1024.0 * 1024.0;
+        throw EInOutError(QStringLiteral("A figura \"%1\" tem %2 x %3 pixels (%4 MB em 32 bits), acima do limite de "
+                                         "%5 MB das figuras; ela não foi lida.")
+                              .arg(nome)
+                              .arg(tamanho.width())
+                              .arg(tamanho.height())
+                              .arg(bytes / MB, 0, 'f', 1)
+                              .arg(limite / MB, 0, 'f', 1));
+    }
+}
+
+/// Decodifica a figura aberta em `dispositivo`, dentro do limite, e a deixa opaca e com 8 bits.
+QImage Decodificar(QIODevice &dispositivo, const QString &nome)
+{
+    QImageReader leitor(&dispositivo);
+    leitor.setDecideFormatFromContent(true);
+    const QSize tamanho = leitor.size();
+    if (tamanho.isValid())
+        ConferirLimite(nome, tamanho);
+    // A figura decodificada já alocada e conferida, quando o cabeçalho diz o tamanho e o formato.
+    QImage lida;
+    if (tamanho.isValid() && leitor.imageFormat() != QImage::Format_Invalid)
+        lida = NovaFigura(tamanho, leitor.imageFormat(), nome);
+    if (!leitor.read(&lida) || lida.isNull())
+        throw EInOutError(QStringLiteral("Formato de imagem desconhecido ou arquivo corrompido: %1 (%2)")
+                              .arg(nome, leitor.errorString()));
+    try {
+        return Opaca8Bits(lida, nome);
+    } catch (const std::bad_alloc &) {
+        SemMemoria(nome, lida.size());
+    }
 }
 
 } // namespace
@@ -210,7 +361,25 @@ TGISImagem::TGISImagem() : FImagem(100, 100, QImage::Format_RGB32)
     FImagem.fill(Qt::white);
 }
 
-TGISImagem::~TGISImagem() = default;
+TGISImagem::~TGISImagem()
+{
+    // A figura compartilhada que só a lista das figuras lidas ainda guardava vai embora.
+    FImagem = QImage();
+    FigurasLidas().Liberar();
+}
+
+qint64 TGISImagem::LimiteDeFigura()
+{
+    return LimiteDasFiguras.load();
+}
+
+void TGISImagem::AtribuirLimiteDeFigura(qint64 bytes)
+{
+    const qint64 limite = std::max<qint64>(bytes, 0);
+    LimiteDasFiguras.store(limite);
+    constexpr qint64 MB = 1024 * 1024;
+    QImageReader::setAllocationLimit(int(std::min<qint64>((limite + MB - 1) / MB, INT32_MAX)));
+}
 
 void TGISImagem::AtribuirPosicao(const TGISPosicao &p)
 {
@@ -278,44 +447,49 @@ bool TGISImagem::ConfiguracaoPadrao(const TGISProjecao &projecao, const TPoint &
 void TGISImagem::LerArquivo(const QString &nome)
 {
     FNomeArquivoImagem = nome;
-    if (!QFileInfo(nome).isFile())
+    const QFileInfo info(nome);
+    const std::unique_ptr<QFile> arquivo = AbrirArquivoComum(nome);
+    if (!arquivo)
         throw EInOutError(QStringLiteral("O arquivo especificado não existe ou não está disponível!"));
-    QImageReader leitor(nome);
-    leitor.setDecideFormatFromContent(true);
-    const QImage lida = leitor.read();
-    if (lida.isNull())
-        throw EInOutError(QStringLiteral("Formato de imagem desconhecido ou arquivo corrompido: %1 (%2)")
-                              .arg(nome, leitor.errorString()));
-    FImagem = Opaca8Bits(lida);
+    const TChaveDeFigura chave{info.canonicalFilePath().isEmpty() ? info.absoluteFilePath() : info.canonicalFilePath(),
+                               info.size(), info.lastModified().toMSecsSinceEpoch()};
+    QImage figura = FigurasLidas().Procurar(chave);
+    if (figura.isNull())
+        figura = FigurasLidas().Guardar(chave, Decodificar(*arquivo, nome));
+    else
+        ConferirLimite(nome, figura.size()); // o limite vale também para a figura já lida
+    FImagem = figura;
     LerArquivoGEO(nome);
 }
 
 bool TGISImagem::LerArquivoGEO(const QString &nome)
 {
-    QFile arquivo(NomeArquivoGEO(nome));
-    if (!arquivo.exists())
+    const QString geo = NomeArquivoGEO(nome);
+    const std::unique_ptr<QFile> arquivo = AbrirArquivoComum(geo);
+    if (!arquivo)
         return false;
-    if (!arquivo.open(QIODevice::ReadOnly))
-        throw EInOutError(QStringLiteral("Não foi possível abrir o arquivo \"%1\": %2")
-                              .arg(arquivo.fileName(), arquivo.errorString()));
-    const QByteArray texto = arquivo.read(TamanhoMaximoGEO);
+    const QByteArray texto = arquivo->read(TamanhoMaximoGEO);
+    if (arquivo->error() != QFileDevice::NoError)
+        throw EInOutError(QStringLiteral("Não foi possível ler o arquivo \"%1\": %2.").arg(geo, arquivo->errorString()));
     std::int32_t v[4];
-    if (!LerQuatroInteiros(texto, v))
-        return false;
+    const QString problema = LerQuatroInteiros(texto, v);
+    if (!problema.isEmpty())
+        throw EInOutError(QStringLiteral("O arquivo \"%1\" não tem os quatro números inteiros da área da figura: %2.")
+                              .arg(geo, problema));
     FAreaImagem = ConcertaRect(GISRet(v[0], v[1], v[2], v[3]));
     return true;
 }
 
 void TGISImagem::GravarArquivoGEO(const QString &nome) const
 {
-    QSaveFile arquivo(NomeArquivoGEO(nome));
+    const QString geo = NomeArquivoGEO(nome);
     const QByteArray linha = QByteArray::number(FAreaImagem.Pos1.Latitude) +
                              QByteArray::number(FAreaImagem.Pos1.Longitude) +
                              QByteArray::number(FAreaImagem.Pos2.Latitude) +
                              QByteArray::number(FAreaImagem.Pos2.Longitude) + "\r\n";
-    if (!arquivo.open(QIODevice::WriteOnly) || arquivo.write(linha) != linha.size() || !arquivo.commit())
-        throw EInOutError(QStringLiteral("Não foi possível gravar o arquivo \"%1\": %2")
-                              .arg(arquivo.fileName(), arquivo.errorString()));
+    const QString motivo = GravarArquivoComum(geo, linha);
+    if (!motivo.isEmpty())
+        throw EInOutError(QStringLiteral("Não foi possível gravar o arquivo \"%1\": %2.").arg(geo, motivo));
 }
 
 QString TGISImagem::NomeArquivoGEO(const QString &nome)

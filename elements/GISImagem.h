@@ -24,8 +24,13 @@ namespace tavru {
 ///
 /// Unidades: retângulos em segundos de arco; zoom como o da projeção.
 ///
-/// Posse: o objeto possui a sua figura (um valor). O destrutor libera tudo o que a base guarda,
-/// normalmente.
+/// Figuras lidas do mesmo arquivo (mesmo caminho, tamanho e hora de modificação) compartilham uma
+/// só cópia decodificada, para todo o processo (o compartilhamento implícito do `QImage`): um
+/// documento que nomeia a mesma figura 200 vezes a decodifica e guarda uma vez. Uma figura cuja
+/// forma de 32 bits por pixel passa de `LimiteDeFigura` não é lida.
+///
+/// Posse: o objeto possui a sua figura (um valor, talvez compartilhado com outras imagens lidas do
+/// mesmo arquivo). O destrutor libera tudo o que a base guarda, normalmente.
 class TAVRU_GIS_EXPORT TGISImagem : public TGISObjeto
 {
 public:
@@ -66,33 +71,47 @@ public:
     /// Lê a figura do arquivo e, quando existe, o ".geo" dela:
     /// 1. `NomeArquivoImagem` = `nome` (fica mesmo que a leitura falhe);
     /// 2. a figura é lida (o formato vem do conteúdo, não só da extensão), fica opaca e com 8 bits
-    ///    por pixel;
-    /// 3. o ".geo" é lido por `LerArquivoGEO`. A posição não muda.
+    ///    por pixel; a mesma figura já lida no processo não é decodificada de novo;
+    /// 3. o ".geo" é lido por `LerArquivoGEO`, e os erros dele seguem para quem chama (a figura já
+    ///    trocada fica). A posição não muda.
     /// Um arquivo que não existe levanta `EInOutError` com "O arquivo especificado não existe ou
-    /// não está disponível!"; uma figura ilegível, de formato desconhecido ou corrompida levanta
-    /// `EInOutError` com "Formato de imagem desconhecido ou arquivo corrompido: <nome> (<motivo>)".
-    /// Nesses casos a figura anterior fica.
+    /// não está disponível!"; um nome que não é de um arquivo comum (pasta, FIFO, dispositivo), uma
+    /// figura acima de `LimiteDeFigura`, a falta de memória para decodificá-la ou convertê-la
+    /// ("Memória insuficiente para a figura ...") e uma figura ilegível, de formato desconhecido ou
+    /// corrompida ("Formato de imagem desconhecido ou arquivo corrompido: <nome> (<motivo>)")
+    /// levantam `EInOutError` com o nome do arquivo. Nesses casos a figura anterior fica.
     void LerArquivo(const QString &nome);
     /// Grava o ".geo" de `nome` (a extensão trocada por ".geo"): os quatro inteiros de
     /// `AreaImagem` em decimal, um logo depois do outro, sem separador, e o fim de linha CR LF.
     /// Mantido de propósito assim: (-1000, -1000, 1000, 1000) vira "-1000-100010001000", que só
-    /// volta a ser lido porque os sinais separam os números. Arquivos para leitura são escritos
+    /// volta a ser lido quando os sinais separam os números. Arquivos para leitura são escritos
     /// com espaços por outras ferramentas. Um arquivo anterior só é trocado quando a gravação
-    /// termina; uma falha levanta `EInOutError`.
+    /// termina; uma falha levanta `EInOutError` com o motivo em português ("sem espaço no disco").
     void GravarArquivoGEO(const QString &nome) const;
     /// Lê o ".geo" de `nome`, quando existe, para `AreaImagem`, em ordem (`ConcertaRect`).
     ///
-    /// Formato lido: quatro inteiros decimais (sinal opcional e dígitos), separados por qualquer
-    /// espaço em branco, inclusive fins de linha; o resto do arquivo é ignorado. Como num leitor
-    /// de números decimal comum, um sinal também separa ("10-20" são 10 e -20). Um arquivo que
-    /// não existe, vazio, com menos de quatro números, com outra coisa no lugar deles ou com um
-    /// número fora dos 32 bits deixa `AreaImagem` como estava e não é erro. Só os primeiros 64 KiB
-    /// são olhados. Um arquivo que existe mas não abre levanta `EInOutError`.
-    /// Responde se `AreaImagem` foi trocada.
+    /// Formato lido: quatro inteiros decimais de 32 bits (sinal opcional e dígitos), separados por
+    /// qualquer espaço em branco, inclusive fins de linha; como num leitor de números decimal
+    /// comum, um sinal também separa ("10-20" são 10 e -20). O que vem depois do quarto número
+    /// (depois de um espaço ou de um sinal) é ignorado. Só os primeiros 64 KiB são olhados.
+    /// Responde falso, sem mudar nada, quando não há ".geo"; verdadeiro quando leu.
+    /// \throws EInOutError com o nome do ".geo" quando ele não é um arquivo comum (um FIFO não trava
+    ///         a leitura), não abre, ou o texto não começa por quatro inteiros (lixo, três números,
+    ///         um número com fração ou letras grudadas, um número além dos 32 bits, arquivo vazio).
+    ///         `AreaImagem` fica como estava.
     bool LerArquivoGEO(const QString &nome);
     /// `AreaImagem` = `area` (como veio) e a posição da base vai para o centro dela (sem passar
     /// pelo deslocamento de `AtribuirPosicao`).
     void AtribuirArea(const TGISRet &area);
+
+    /// O limite do tamanho de uma figura decodificada, em bytes, contado com 32 bits por pixel
+    /// (largura × altura × 4), para todo o processo. Padrão 256 MB (256 × 1024 × 1024), o mesmo
+    /// limite de alocação do leitor de imagens do Qt.
+    static qint64 LimiteDeFigura();
+    /// Troca o limite das figuras (bytes; 0 ou negativo é sem limite) e, com ele, o limite de
+    /// alocação do leitor de imagens do Qt (`QImageReader::setAllocationLimit`, em MB arredondados
+    /// para cima), que vale para o processo inteiro.
+    static void AtribuirLimiteDeFigura(qint64 bytes);
 
     /// O nome do ".geo" de um arquivo: a extensão do nome (depois do último ponto do nome do
     /// arquivo, não das pastas) trocada por ".geo", ou ".geo" acrescentado quando não há.

@@ -5,6 +5,9 @@
 #include <tavru/core/TGISProjecao.h>
 #include <tavru/platform/TCanvas.h>
 
+#include <QFontMetrics>
+#include <algorithm>
+#include <cstdint>
 #include <QGuiApplication>
 
 namespace tavru {
@@ -15,19 +18,12 @@ namespace {
 
 constexpr double Pi = 3.14159265358979323846;
 
-/// O canvas de medida que faz as vezes do canvas do formulário principal: sem imagem, só mede
-/// texto, e guarda a última fonte posta nele. Nulo sem aplicação gráfica.
-TCanvas *CanvasDaAplicacao()
-{
-    if (!qobject_cast<QGuiApplication *>(QCoreApplication::instance()))
-        return nullptr;
-    static TCanvas canvas;
-    return &canvas;
-}
-
 } // namespace
 
-TGISTexto::TGISTexto() = default;
+TGISTexto::TGISTexto()
+{
+    MedirTexto();
+}
 
 TGISTexto::~TGISTexto() = default;
 
@@ -86,22 +82,39 @@ void TGISTexto::Desenhar(TCanvas &canvas, const TGISProjecao &projecao, bool sel
     canvas.Font().Assign(fonteDoCanvas);
 }
 
-void TGISTexto::MedirTexto(int &largura, int &altura) const
+void TGISTexto::AtribuirFonte(const TFont &fonte)
 {
-    if (TCanvas *canvas = CanvasDaAplicacao()) {
-        canvas->Font().Assign(FFonte);
-        largura = altura = canvas->TextWidth(FTexto); // a altura é a largura, de propósito
+    FFonte.Assign(fonte);
+    MedirTexto();
+}
+
+void TGISTexto::AtribuirTexto(const QString &texto)
+{
+    FTexto = texto;
+    MedirTexto();
+}
+
+void TGISTexto::MedirTexto()
+{
+    // Uma QFontMetrics local por medida: nada de estado de medida compartilhado entre textos.
+    if (qobject_cast<QGuiApplication *>(QCoreApplication::instance())) {
+        FLargura = FAltura = QFontMetrics(FFonte.ParaQFont()).horizontalAdvance(FTexto); // a altura é a largura, de propósito
         return;
     }
-    largura = 12 * static_cast<int>(FTexto.size());
-    altura = 12;
+    FLargura = static_cast<int>(std::min<qsizetype>(12 * FTexto.size(), INT32_MAX));
+    FAltura = 12;
+}
+
+void TGISTexto::MedirTexto(int &largura, int &altura) const
+{
+    largura = FLargura;
+    altura = FAltura;
 }
 
 TGISRet TGISTexto::Area() const
 {
-    int w = 0;
-    int h = 0;
-    MedirTexto(w, h);
+    const int w = FLargura;
+    const int h = FAltura;
     const TGISPosicao p = Posicao();
     TGISRet r = GISRet(0, 0, 0, 0);
     switch (FAlinhamentoVertical) {

@@ -15,15 +15,21 @@ namespace tavru {
 /// `GiroAdicional`.
 ///
 /// O texto não tem tamanho no mundo: a extensão (`Area`) é medida em pixels e posta em segundos
-/// de arco como está. A medida usa "o canvas do formulário principal da aplicação", que aqui é um
-/// canvas sem imagem da biblioteca, compartilhado, que só mede texto: ele existe quando há uma
-/// aplicação gráfica (`QGuiApplication`, e um `QApplication` é uma) e mede com a `QFontMetrics` da
-/// fonte. Sem aplicação gráfica (só `QCoreApplication`, ou nenhuma) não há formulário principal e
-/// vale a regra de 12 pixels por caractere (largura 12 × comprimento, altura 12).
+/// de arco como está. A medida é a largura do texto com a `QFontMetrics` da fonte, que faz as
+/// vezes do "canvas do formulário principal" e existe quando há uma aplicação gráfica
+/// (`QGuiApplication`, e um `QApplication` é uma). Sem aplicação gráfica (só `QCoreApplication`, ou
+/// nenhuma) não há formulário principal e vale a regra de 12 pixels por caractere (largura 12 ×
+/// comprimento, altura 12).
+///
+/// A medida é função só do texto e da fonte: é feita quando um dos dois muda pela API
+/// (`AtribuirTexto`, `AtribuirFonte`, e na construção) e guardada; extensão, teste de acerto e
+/// desenho só a leem, e um texto longo não é medido de novo a cada quadro. Quem muda a fonte por
+/// `Fonte()` (nome, tamanho, estilo) chama `MedirTexto()` depois; a cor e o giro não mudam a
+/// medida.
 ///
 /// Mantido de propósito, porque mapas guardados dependem da aparência:
 /// - a altura da extensão medida é a largura do texto (nenhuma altura de texto é usada);
-/// - o canvas de medida e o canvas de desenho ficam com a fonte do texto depois de usados;
+/// - o canvas de desenho fica com a fonte do texto depois de usado;
 /// - `AlinhamentoVertical` 1 se comporta como 0 e o valor 2 centra na horizontal (ver
 ///   `BandeirasDeAlinhamento`);
 /// - desenhar gira a própria `Fonte` (o escapamento dela fica com o último giro).
@@ -63,16 +69,22 @@ public:
     /// 1 a base (8) e 2 o centro horizontal (6); e para `AlinhamentoHorizontal` 0 nada, 1 a
     /// direita (2) e 2 o centro (6). Valores fora de 0..2 não acrescentam nada.
     unsigned BandeirasDeAlinhamento() const;
-    /// A largura e a altura (pixels) que `Area` usa: medidas com a fonte no canvas de medida, ou
-    /// 12 por caractere e 12 sem aplicação gráfica.
+    /// Mede de novo o texto com a fonte atual e guarda a medida que `Area` usa. Chamado por
+    /// `AtribuirTexto` e `AtribuirFonte`; quem mudou a fonte por `Fonte()` o chama depois.
+    void MedirTexto();
+    /// A largura e a altura (pixels) guardadas pela última medida: a largura do texto nas duas,
+    /// ou 12 × comprimento e 12 sem aplicação gráfica.
     void MedirTexto(int &largura, int &altura) const;
 
-    /// Fonte do texto (possuída); a sua cor é a cor do texto.
+    /// Fonte do texto (possuída); a sua cor é a cor do texto. Mudar o nome, o tamanho ou o estilo
+    /// por aqui pede `MedirTexto()` depois.
     TFont &Fonte() { return FFonte; }
     const TFont &Fonte() const { return FFonte; }
-    void AtribuirFonte(const TFont &fonte) { FFonte.Assign(fonte); }
+    /// Troca a fonte e mede o texto de novo.
+    void AtribuirFonte(const TFont &fonte);
     QString Texto() const { return FTexto; }
-    void AtribuirTexto(const QString &texto) { FTexto = texto; }
+    /// Troca o texto e o mede de novo.
+    void AtribuirTexto(const QString &texto);
     /// 0 esquerda, 1 direita, 2 centro, em relação à posição.
     std::uint8_t AlinhamentoHorizontal() const { return FAlinhamentoHorizontal; }
     void AtribuirAlinhamentoHorizontal(std::uint8_t a) { FAlinhamentoHorizontal = a; }
@@ -89,6 +101,8 @@ private:
     std::int32_t FGiroAdicional = 0;
     std::uint8_t FAlinhamentoHorizontal = 2;
     std::uint8_t FAlinhamentoVertical = 2;
+    int FLargura = 0;
+    int FAltura = 12;
 };
 
 } // namespace tavru

@@ -1,6 +1,7 @@
 // Alvo de fuzzing: o arquivo ".geo" ao lado de uma figura, lido por TGISImagem::LerArquivoGEO (os
-// bytes de fora vão para um arquivo temporário, como viriam do disco). O que for lido tem de ser
-// um retângulo em ordem e, quando os sinais separam os números gravados, voltar igual.
+// bytes de fora vão para um arquivo temporário, como viriam do disco). O arquivo existe, então a
+// leitura lê ou levanta o erro do arquivo de texto, nunca o ignora em silêncio. O que for lido tem
+// de ser um retângulo em ordem e, quando os sinais separam os números gravados, voltar igual.
 
 #include "AplicacaoFuzz.h"
 #include <tavru/elements/GISImagem.h>
@@ -36,10 +37,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *dados, std::size_t tam
         arquivo.write(reinterpret_cast<const char *>(dados), static_cast<qint64>(tamanho));
     }
     tavru::TGISImagem imagem;
+    const tavru::TGISRet antes = imagem.Area();
     try {
         if (!imagem.LerArquivoGEO(figura))
-            return 0;
+            std::abort(); // o ".geo" existe: nem lido, nem erro
     } catch (const tavru::Exception &) {
+        if (!(imagem.Area() == antes))
+            std::abort(); // um erro não deixa a área pela metade
         return 0;
     }
     const tavru::TGISRet lido = imagem.Area();

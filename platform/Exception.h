@@ -48,4 +48,9 @@ TAVRU_EXCECAO(EInvalidCast)
 
 #undef TAVRU_EXCECAO
 
+/// Um valor que veio de fora, citado numa mensagem de erro: entre aspas duplas quando tem até 60
+/// caracteres; mais longo, os 57 primeiros, "..." e o comprimento (`"abc..." (texto de 10485760
+/// caracteres)`), para que um valor enorme não vire uma mensagem enorme.
+TAVRU_PLATAFORMA_EXPORT QString CitarValor(const QString &valor);
+
 } // namespace tavru

@@ -6,25 +6,23 @@
 #include <tavru/xml/ConfiguracaoXML.h>
 
 #include <QRegularExpression>
+#include <algorithm>
+#include <array>
 #include <cstdlib>
+#include <cstring>
 #include <limits>
+#include <pugixml.hpp>
+#include <string_view>
 
 namespace tavru::xmlp {
 
 namespace {
 
-// O texto de entrada numa mensagem de erro, cortado: a entrada é de fora e pode ser enorme.
-QString Citar(const char *texto)
-{
-    QString t = QString::fromUtf8(texto);
-    if (t.size() > 60)
-        t = t.left(57) + QStringLiteral("...");
-    return t;
-}
-
+// O texto de entrada numa mensagem de erro, cortado (`CitarValor`): a entrada é de fora e pode
+// ser enorme.
 [[noreturn]] void Falhar(const QString &modelo, const char *texto)
 {
-    throw EConvertError(modelo.arg(Citar(texto)));
+    throw EConvertError(modelo.arg(CitarValor(QString::fromUtf8(texto))));
 }
 
 bool EhEspaco(char c)
@@ -171,7 +169,7 @@ std::int32_t LerInteiro(const char *texto)
 {
     std::int32_t valor;
     if (!TentarInteiro(texto, valor))
-        Falhar(QStringLiteral("\"%1\" não é um número inteiro de 32 bits válido"), texto);
+        Falhar(QStringLiteral("%1 não é um número inteiro de 32 bits válido"), texto);
     return valor;
 }
 
@@ -195,24 +193,24 @@ TColor LerCorHexadecimal(const char *texto)
         else if (c >= 'a' && c <= 'f')
             d = c - 'a' + 10;
         else
-            Falhar(QStringLiteral("\"%1\" não é uma cor hexadecimal válida"), texto);
+            Falhar(QStringLiteral("%1 não é uma cor hexadecimal válida"), texto);
         valor = valor * 16 + static_cast<unsigned>(d);
         if (valor > 0xFFFFFFFFULL)
-            Falhar(QStringLiteral("\"%1\" não é uma cor hexadecimal de 32 bits"), texto);
+            Falhar(QStringLiteral("%1 não é uma cor hexadecimal de 32 bits"), texto);
     }
     if (p == texto)
-        Falhar(QStringLiteral("\"%1\" não é uma cor hexadecimal válida"), texto);
+        Falhar(QStringLiteral("%1 não é uma cor hexadecimal válida"), texto);
     return static_cast<TColor>(static_cast<std::uint32_t>(valor));
 }
 
 TPenStyle LerEstiloCaneta(const char *texto)
 {
-    return static_cast<TPenStyle>(LerFaixa(texto, psInsideFrame, QStringLiteral("\"%1\" não é um estilo de caneta (0 a 6)")));
+    return static_cast<TPenStyle>(LerFaixa(texto, psInsideFrame, QStringLiteral("%1 não é um estilo de caneta (0 a 6)")));
 }
 
 TBrushStyle LerEstiloPincel(const char *texto)
 {
-    return static_cast<TBrushStyle>(LerFaixa(texto, bsDiagCross, QStringLiteral("\"%1\" não é um estilo de pincel (0 a 7)")));
+    return static_cast<TBrushStyle>(LerFaixa(texto, bsDiagCross, QStringLiteral("%1 não é um estilo de pincel (0 a 7)")));
 }
 
 std::int32_t LerGrau(const char *texto)
@@ -329,6 +327,404 @@ QString &PastaDoDocumento()
 {
     static QString pasta;
     return pasta;
+}
+
+} // namespace tavru::xmlp
+
+// Conferência dos bytes de um documento lido.
+
+namespace tavru::xmlp {
+
+namespace {
+
+// Codificações que o leitor confere e converte para UTF-8.
+enum class TEntrada { Utf8, Ascii, Latin1, Utf16LE, Utf16BE };
+
+char *NovoBloco(size_t tamanho, const QString &origem)
+{
+    void *bloco = pugi::get_memory_allocation_function()(std::max<size_t>(tamanho, 1));
+    if (!bloco)
+        throw EFilerError(QStringLiteral("%1: memória insuficiente para ler o documento.").arg(origem));
+    return static_cast<char *>(bloco);
+}
+
+[[noreturn]] void ErroNaPosicao(const QString &origem, const char *texto, size_t deslocamento, const QString &problema,
+                                size_t descontar)
+{
+    qsizetype linha = 0, coluna = 0;
+    LinhaEColuna(texto, deslocamento, linha, coluna, descontar);
+    throw EFilerError(QStringLiteral("%1, linha %2, coluna %3: %4; nada foi lido.")
+                          .arg(origem)
+                          .arg(linha)
+                          .arg(coluna)
+                          .arg(problema));
+}
+
+QString Hexa(unsigned valor, int digitos)
+{
+    return QStringLiteral("%1").arg(valor, digitos, 16, QChar(u'0')).toUpper();
+}
+
+// A codificação do documento: a marca de ordem de bytes, senão a declaração XML, senão UTF-8.
+TEntrada CodificacaoDeEntrada(const unsigned char *p, size_t n, size_t &marca, QString &nome, const QString &origem)
+{
+    marca = 0;
+    if (n >= 3 && p[0] == 0xEF && p[1] == 0xBB && p[2] == 0xBF) {
+        marca = 3;
+        nome = QStringLiteral("UTF-8");
+        return TEntrada::Utf8;
+    }
+    const bool utf32 = (n >= 4 && p[0] == 0xFF && p[1] == 0xFE && p[2] == 0 && p[3] == 0)
+                       || (n >= 4 && p[0] == 0 && p[1] == 0 && p[2] == 0xFE && p[3] == 0xFF);
+    if (utf32)
+        throw EFilerError(QStringLiteral("%1: documentos em UTF-32 não são suportados (use UTF-8 ou ISO-8859-1); nada "
+                                         "foi lido.")
+                              .arg(origem));
+    if (n >= 2 && ((p[0] == 0xFF && p[1] == 0xFE) || (p[0] == 0xFE && p[1] == 0xFF))) {
+        marca = 2;
+        nome = QStringLiteral("UTF-16");
+        return p[0] == 0xFF ? TEntrada::Utf16LE : TEntrada::Utf16BE;
+    }
+    nome = QStringLiteral("UTF-8");
+    if (n < 5 || std::memcmp(p, "<?xml", 5) != 0)
+        return TEntrada::Utf8;
+    // A declaração: até "?>", nos primeiros bytes.
+    const size_t limite = std::min<size_t>(n, 1024);
+    const std::string_view inicio(reinterpret_cast<const char *>(p), limite);
+    const size_t fim = inicio.find("?>");
+    const std::string_view declaracao = inicio.substr(0, fim);
+    const size_t e = declaracao.find("encoding");
+    if (e == std::string_view::npos)
+        return TEntrada::Utf8;
+    size_t i = e + 8;
+    while (i < declaracao.size() && EhEspaco(declaracao[i]))
+        ++i;
+    if (i >= declaracao.size() || declaracao[i] != '=')
+        return TEntrada::Utf8; // declaração mal formada: o DOM diz o erro
+    ++i;
+    while (i < declaracao.size() && EhEspaco(declaracao[i]))
+        ++i;
+    if (i >= declaracao.size() || (declaracao[i] != '"' && declaracao[i] != '\''))
+        return TEntrada::Utf8;
+    const size_t aspa = declaracao.find(declaracao[i], i + 1);
+    if (aspa == std::string_view::npos)
+        return TEntrada::Utf8;
+    nome = QString::fromLatin1(declaracao.data() + i + 1, static_cast<qsizetype>(aspa - i - 1));
+    const QString n1 = nome.trimmed().toLower();
+    if (n1 == u"utf-8" || n1 == u"utf8")
+        return TEntrada::Utf8;
+    if (n1 == u"iso-8859-1" || n1 == u"iso_8859-1" || n1 == u"latin1" || n1 == u"latin-1")
+        return TEntrada::Latin1;
+    if (n1 == u"us-ascii" || n1 == u"ascii")
+        return TEntrada::Ascii;
+    throw EFilerError(QStringLiteral("%1: a codificação %2 declarada no documento não é suportada (use UTF-8 ou "
+                                     "ISO-8859-1); nada foi lido.")
+                          .arg(origem, CitarValor(nome)));
+}
+
+// Um caractere que o XML 1.0 admite.
+bool CaractereXml(std::uint32_t c)
+{
+    return c == 0x9 || c == 0xA || c == 0xD || (c >= 0x20 && c <= 0xD7FF) || (c >= 0xE000 && c <= 0xFFFD)
+           || (c >= 0x10000 && c <= 0x10FFFF);
+}
+
+// Um caractere UTF-8 de vários bytes em p[0..n), estrito: nem forma longa demais, nem
+// substitutos, nem acima de U+10FFFF. Devolve o tamanho, ou 0 quando os bytes não servem (e em
+// `ruins` quantos bytes mostrar).
+size_t DecodificarUtf8(const unsigned char *p, size_t n, std::uint32_t &codigo, size_t &ruins)
+{
+    const unsigned char c = p[0];
+    size_t tamanho;
+    unsigned char menor = 0x80, maior = 0xBF;
+    if (c >= 0xC2 && c <= 0xDF) {
+        tamanho = 2;
+        codigo = c & 0x1F;
+    } else if (c >= 0xE0 && c <= 0xEF) {
+        tamanho = 3;
+        codigo = c & 0x0F;
+        if (c == 0xE0)
+            menor = 0xA0;
+        else if (c == 0xED)
+            maior = 0x9F;
+    } else if (c >= 0xF0 && c <= 0xF4) {
+        tamanho = 4;
+        codigo = c & 0x07;
+        if (c == 0xF0)
+            menor = 0x90;
+        else if (c == 0xF4)
+            maior = 0x8F;
+    } else {
+        ruins = 1;
+        return 0;
+    }
+    for (size_t k = 1; k < tamanho; ++k) {
+        const unsigned char b = k < n ? p[k] : 0;
+        const bool serve = k < n && (k == 1 ? b >= menor && b <= maior : b >= 0x80 && b <= 0xBF);
+        if (!serve) {
+            ruins = std::min(k + 1, n);
+            return 0;
+        }
+        codigo = (codigo << 6) | (b & 0x3F);
+    }
+    return tamanho;
+}
+
+// Os bytes que vão para a mensagem, em hexadecimal.
+QString BytesEmHexa(const unsigned char *p, size_t n)
+{
+    QStringList partes;
+    for (size_t k = 0; k < n; ++k)
+        partes << QStringLiteral("0x") + Hexa(p[k], 2);
+    return partes.join(QLatin1Char(' '));
+}
+
+// Percorre o texto UTF-8 (ou só ASCII) e devolve o deslocamento do primeiro problema, ou `n`.
+size_t Varrer(const unsigned char *p, size_t n, bool soAscii, const QString &codificacao, QString &problema)
+{
+    // Bytes que pedem atenção: controles, '<', '&', '>' e os de fora do ASCII.
+    static const auto especiais = [] {
+        std::array<bool, 256> t{};
+        for (int c = 0; c < 256; ++c)
+            t[static_cast<size_t>(c)] = c < 0x20 || c >= 0x80 || c == '<' || c == '&' || c == '>';
+        return t;
+    }();
+    enum { Texto, Comentario, CData, Instrucao } estado = Texto;
+    size_t inicio = 0; // onde começou o comentário, o CDATA ou a instrução
+    const auto comeca = [&](size_t i, std::string_view s) {
+        return n - i >= s.size() && std::memcmp(p + i, s.data(), s.size()) == 0;
+    };
+    size_t i = 0;
+    while (i < n) {
+        while (i < n && !especiais[p[i]])
+            ++i;
+        if (i >= n)
+            break;
+        const unsigned char c = p[i];
+        if (c < 0x20) {
+            if (c != '\t' && c != '\n' && c != '\r') {
+                problema = QStringLiteral("o caractere de controle U+%1, que o XML 1.0 proíbe").arg(Hexa(c, 4));
+                return i;
+            }
+            ++i;
+            continue;
+        }
+        if (c >= 0x80) {
+            std::uint32_t codigo = 0;
+            size_t ruins = 1;
+            const size_t tamanho = soAscii ? 0 : DecodificarUtf8(p + i, n - i, codigo, ruins);
+            if (tamanho == 0) {
+                problema = QStringLiteral("%1 não é %2 válido (a codificação do documento)")
+                               .arg(ruins == 1 ? QStringLiteral("o byte ") + BytesEmHexa(p + i, 1)
+                                               : QStringLiteral("a sequência ") + BytesEmHexa(p + i, ruins),
+                                    codificacao);
+                return i;
+            }
+            if (!CaractereXml(codigo)) {
+                problema = QStringLiteral("o caractere U+%1, que o XML 1.0 proíbe").arg(Hexa(codigo, 4));
+                return i;
+            }
+            i += tamanho;
+            continue;
+        }
+        switch (estado) {
+        case Texto:
+            if (c == '&' && i + 1 < n && p[i + 1] == '#') {
+                // Referência numérica: o caractere dela também tem de ser admitido.
+                size_t j = i + 2;
+                const bool hexa = j < n && p[j] == 'x';
+                if (hexa)
+                    ++j;
+                std::uint32_t valor = 0;
+                size_t digitos = 0;
+                for (; j < n; ++j, ++digitos) {
+                    const unsigned char d = p[j];
+                    unsigned v;
+                    if (d >= '0' && d <= '9')
+                        v = d - '0';
+                    else if (hexa && d >= 'a' && d <= 'f')
+                        v = d - 'a' + 10;
+                    else if (hexa && d >= 'A' && d <= 'F')
+                        v = d - 'A' + 10;
+                    else
+                        break;
+                    valor = std::min<std::uint32_t>(valor * (hexa ? 16 : 10) + v, 0x110000);
+                }
+                if (digitos > 0 && j < n && p[j] == ';' && !CaractereXml(valor)) {
+                    const QString referencia = QString::fromLatin1(reinterpret_cast<const char *>(p + i),
+                                                                   static_cast<qsizetype>(j + 1 - i));
+                    problema = QStringLiteral("a referência %1 é de um caractere que o XML 1.0 proíbe")
+                                   .arg(CitarValor(referencia));
+                    return i;
+                }
+                i = j;
+                continue;
+            }
+            if (c == '<') {
+                if (comeca(i, "<!--")) {
+                    estado = Comentario;
+                    i += 4;
+                } else if (comeca(i, "<![CDATA[")) {
+                    estado = CData;
+                    i += 9;
+                } else if (comeca(i, "<?")) {
+                    estado = Instrucao;
+                    i += 2;
+                } else {
+                    ++i;
+                }
+                inicio = i;
+                continue;
+            }
+            break;
+        case Comentario:
+            if (c == '>' && i >= inicio + 2 && p[i - 1] == '-' && p[i - 2] == '-')
+                estado = Texto;
+            break;
+        case CData:
+            if (c == '>' && i >= inicio + 2 && p[i - 1] == ']' && p[i - 2] == ']')
+                estado = Texto;
+            break;
+        case Instrucao:
+            if (c == '>' && i >= inicio + 1 && p[i - 1] == '?')
+                estado = Texto;
+            break;
+        }
+        ++i;
+    }
+    return n;
+}
+
+} // namespace
+
+TTextoDoDocumento::~TTextoDoDocumento()
+{
+    if (FBloco)
+        pugi::get_memory_deallocation_function()(FBloco);
+}
+
+char *TTextoDoDocumento::Alocar(size_t tamanho)
+{
+    char *novo = NovoBloco(tamanho, QStringLiteral("O documento"));
+    if (FBloco)
+        pugi::get_memory_deallocation_function()(FBloco);
+    FBloco = novo;
+    FInicio = 0;
+    FTamanho = tamanho;
+    return novo;
+}
+
+void ConferirDocumento(TTextoDoDocumento &texto, const QString &origem, size_t descontar)
+{
+    const auto *p = reinterpret_cast<const unsigned char *>(texto.Dados());
+    const size_t n = texto.Tamanho();
+    size_t marca = 0;
+    QString nome;
+    const TEntrada entrada = CodificacaoDeEntrada(p, n, marca, nome, origem);
+    const auto trocar = [&](char *novo, size_t tamanho) {
+        pugi::get_memory_deallocation_function()(texto.FBloco);
+        texto.FBloco = novo;
+        texto.FInicio = 0;
+        texto.FTamanho = tamanho;
+    };
+    switch (entrada) {
+    case TEntrada::Utf8:
+    case TEntrada::Ascii:
+        texto.FInicio += marca;
+        texto.FTamanho -= marca;
+        break;
+    case TEntrada::Latin1: {
+        size_t altos = 0;
+        for (size_t i = 0; i < n; ++i)
+            altos += p[i] >> 7;
+        if (altos == 0)
+            break;
+        char *novo = NovoBloco(n + altos, origem);
+        char *d = novo;
+        for (size_t i = 0; i < n; ++i) {
+            if (p[i] < 0x80) {
+                *d++ = static_cast<char>(p[i]);
+            } else {
+                *d++ = static_cast<char>(0xC0 | (p[i] >> 6));
+                *d++ = static_cast<char>(0x80 | (p[i] & 0x3F));
+            }
+        }
+        trocar(novo, n + altos);
+        break;
+    }
+    case TEntrada::Utf16LE:
+    case TEntrada::Utf16BE: {
+        const bool le = entrada == TEntrada::Utf16LE;
+        const size_t unidades = (n - marca) / 2;
+        char *novo = NovoBloco(unidades * 3 + 1, origem);
+        auto *d = reinterpret_cast<unsigned char *>(novo);
+        const auto unidade = [&](size_t k) {
+            const unsigned char *u = p + marca + 2 * k;
+            return static_cast<std::uint32_t>(le ? u[0] | (u[1] << 8) : (u[0] << 8) | u[1]);
+        };
+        for (size_t k = 0; k < unidades; ++k) {
+            std::uint32_t c = unidade(k);
+            if (c >= 0xD800 && c <= 0xDFFF) {
+                const bool par = c <= 0xDBFF && k + 1 < unidades && unidade(k + 1) >= 0xDC00 && unidade(k + 1) <= 0xDFFF;
+                if (!par) {
+                    const size_t feito = static_cast<size_t>(d - reinterpret_cast<unsigned char *>(novo));
+                    const QString problema =
+                        QStringLiteral("o substituto U+%1 solto não é UTF-16 válido (a codificação do documento)")
+                            .arg(Hexa(c, 4));
+                    trocar(novo, feito);
+                    ErroNaPosicao(origem, texto.Dados(), feito, problema, descontar);
+                }
+                c = 0x10000 + ((c - 0xD800) << 10) + (unidade(++k) - 0xDC00);
+            }
+            if (c < 0x80) {
+                *d++ = static_cast<unsigned char>(c);
+            } else if (c < 0x800) {
+                *d++ = static_cast<unsigned char>(0xC0 | (c >> 6));
+                *d++ = static_cast<unsigned char>(0x80 | (c & 0x3F));
+            } else if (c < 0x10000) {
+                *d++ = static_cast<unsigned char>(0xE0 | (c >> 12));
+                *d++ = static_cast<unsigned char>(0x80 | ((c >> 6) & 0x3F));
+                *d++ = static_cast<unsigned char>(0x80 | (c & 0x3F));
+            } else {
+                *d++ = static_cast<unsigned char>(0xF0 | (c >> 18));
+                *d++ = static_cast<unsigned char>(0x80 | ((c >> 12) & 0x3F));
+                *d++ = static_cast<unsigned char>(0x80 | ((c >> 6) & 0x3F));
+                *d++ = static_cast<unsigned char>(0x80 | (c & 0x3F));
+            }
+        }
+        const size_t feito = static_cast<size_t>(d - reinterpret_cast<unsigned char *>(novo));
+        const bool sobra = (n - marca) % 2 != 0;
+        trocar(novo, feito);
+        if (sobra)
+            ErroNaPosicao(origem, texto.Dados(), feito,
+                          QStringLiteral("o documento termina no meio de um caractere UTF-16"), descontar);
+        break;
+    }
+    }
+    QString problema;
+    const size_t onde = Varrer(reinterpret_cast<const unsigned char *>(texto.Dados()), texto.Tamanho(),
+                               entrada == TEntrada::Ascii, nome.trimmed().toUpper(), problema);
+    if (onde < texto.Tamanho())
+        ErroNaPosicao(origem, texto.Dados(), onde, problema, descontar);
+}
+
+void LinhaEColuna(const char *texto, size_t deslocamento, qsizetype &linha, qsizetype &coluna, size_t descontar)
+{
+    if (deslocamento >= descontar) {
+        texto += descontar;
+        deslocamento -= descontar;
+    }
+    linha = 1;
+    size_t inicioDaLinha = 0;
+    for (size_t i = 0; i < deslocamento; ++i) {
+        if (texto[i] == '\n' || (texto[i] == '\r' && (i + 1 >= deslocamento || texto[i + 1] != '\n'))) {
+            ++linha;
+            inicioDaLinha = i + 1;
+        }
+    }
+    coluna = 1;
+    for (size_t i = inicioDaLinha; i < deslocamento; ++i)
+        coluna += (static_cast<unsigned char>(texto[i]) & 0xC0) != 0x80;
 }
 
 } // namespace tavru::xmlp

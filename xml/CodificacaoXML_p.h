@@ -57,6 +57,45 @@ QString CorHexadecimal(TColor cor);
 /// as entidades do XML quando `ESCAPAR_TEXTOS` está ligado.
 QString TextoLivre(const QString &texto);
 
+/// O texto de um documento a caminho do DOM, num bloco do alocador do pugixml (possuído). O DOM o
+/// analisa no lugar, então ele vive mais que o documento do pugixml que o usa.
+class TTextoDoDocumento
+{
+public:
+    TTextoDoDocumento() = default;
+    ~TTextoDoDocumento();
+    TTextoDoDocumento(const TTextoDoDocumento &) = delete;
+    TTextoDoDocumento &operator=(const TTextoDoDocumento &) = delete;
+    /// Um bloco novo de `tamanho` bytes no lugar do atual. \throws EFilerError sem memória.
+    char *Alocar(size_t tamanho);
+    char *Dados() const { return FBloco + FInicio; }
+    size_t Tamanho() const { return FTamanho; }
+
+private:
+    friend void ConferirDocumento(TTextoDoDocumento &texto, const QString &origem, size_t descontar);
+    char *FBloco = nullptr;
+    size_t FInicio = 0;
+    size_t FTamanho = 0;
+};
+
+/// Confere os bytes do documento e os deixa em UTF-8 para o DOM. A codificação vem da marca de
+/// ordem de bytes (UTF-8 ou UTF-16) ou da declaração XML (ISO-8859-1, US-ASCII ou UTF-8; sem
+/// declaração, UTF-8); ISO-8859-1 e UTF-16 são convertidos. Nada é trocado em silêncio: bytes
+/// inválidos na codificação (um byte Latin-1 solto num documento UTF-8, UTF-8 longo demais ou de
+/// substitutos, um substituto solto em UTF-16, um byte acima de 127 em US-ASCII), caracteres que o
+/// XML 1.0 proíbe (controles fora tabulação, LF e CR; U+FFFE e U+FFFF), também escritos como
+/// referência (`&#0;`, `&#xFFFF;`, `&#xD800;`, acima de U+10FFFF), e uma codificação declarada que
+/// não é uma dessas são erros. Referências dentro de comentários, CDATA e instruções de
+/// processamento são texto e não contam.
+/// Os primeiros `descontar` bytes (um invólucro que quem chama pôs em volta do texto dele) não
+/// contam nas posições.
+/// \throws EFilerError "<origem>, linha L, coluna C: <o problema>." (linhas e colunas contadas de
+///         1; colunas em caracteres).
+void ConferirDocumento(TTextoDoDocumento &texto, const QString &origem, size_t descontar = 0);
+/// A linha e a coluna (contadas de 1; colunas em caracteres) do byte `deslocamento` de um texto
+/// UTF-8, como as mensagens as dão, sem contar os primeiros `descontar` bytes.
+void LinhaEColuna(const char *texto, size_t deslocamento, qsizetype &linha, qsizetype &coluna, size_t descontar = 0);
+
 /// As linhas do documento em bytes, na codificação que `cabecalho` declara, cada linha seguida de
 /// CR LF. \throws EConvertError codificação não suportada, ou um caractere que ela não tem (a
 /// mensagem diz qual); nada é gravado nesse caso porque nada foi escrito ainda.

@@ -6,11 +6,13 @@
 #include <tavru/xml/CodificacaoXML_p.h>
 #include <tavru/xml/ConfiguracaoXML.h>
 
+#include <tavru/platform/ArquivoComum.h>
+
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
 #include <algorithm>
+#include <cstring>
 
 namespace tavru {
 
@@ -47,37 +49,39 @@ QString DescricaoDoErro(pugi::xml_parse_status status)
     return QStringLiteral("erro desconhecido");
 }
 
-[[noreturn]] void ErroDeDocumento(const QString &origem, const pugi::xml_parse_result &r)
+// O erro do DOM com a linha e a coluna (sem contar os primeiros `descontar` bytes do texto).
+[[noreturn]] void ErroDeDocumento(const QString &origem, const pugi::xml_parse_result &r,
+                                  const xmlp::TTextoDoDocumento &texto, size_t descontar = 0)
 {
-    throw EFilerError(QStringLiteral("%1 não é um documento XML bem formado: %2 (posição %3).")
+    qsizetype linha = 0, coluna = 0;
+    xmlp::LinhaEColuna(texto.Dados(), std::min(static_cast<size_t>(std::max<std::ptrdiff_t>(r.offset, 0)), texto.Tamanho()),
+                       linha, coluna, descontar);
+    throw EFilerError(QStringLiteral("%1 não é um documento XML bem formado: %2 (linha %3, coluna %4).")
                           .arg(origem, DescricaoDoErro(r.status))
-                          .arg(static_cast<qlonglong>(r.offset)));
+                          .arg(linha)
+                          .arg(coluna));
 }
 
-[[noreturn]] void ErroDeLeitura(const QString &nomeArquivo, const QString &motivo)
+// Carrega o arquivo no documento. O arquivo (só um arquivo comum, ou um recurso do Qt,
+// ":/mapa/paises.xml") é lido pelo QFile para um bloco do alocador do pugixml, conferido e posto em
+// UTF-8 (`ConferirDocumento`), e o DOM o analisa no lugar: a memória é a do load_file (o arquivo
+// uma vez, mais a cópia convertida para UTF-8 quando o documento é ISO-8859-1, só durante a
+// conversão). `texto` guarda o bloco e vive mais que `documento`.
+void Carregar(pugi::xml_document &documento, xmlp::TTextoDoDocumento &texto, const QString &nomeArquivo)
 {
-    throw EFilerError(QStringLiteral("Não foi possível ler o arquivo \"%1\": %2.").arg(nomeArquivo, motivo));
-}
-
-// Carrega o arquivo no documento. O arquivo é lido pelo QFile (vale também um recurso do Qt,
-// ":/mapa/paises.xml") para um bloco do alocador do pugixml, que o analisa no lugar e o libera:
-// a memória é a mesma do load_file (o arquivo uma vez, mais a cópia convertida para UTF-8 quando o
-// documento é ISO-8859-1, só durante a conversão). Um arquivo que não se lê levanta `EFilerError`
-// com o motivo; o resultado é o da análise.
-pugi::xml_parse_result Carregar(pugi::xml_document &documento, const QString &nomeArquivo)
-{
-    QFile arquivo(nomeArquivo);
-    if (!arquivo.open(QIODevice::ReadOnly))
-        ErroDeLeitura(nomeArquivo, arquivo.errorString());
-    const qint64 tamanho = arquivo.size();
-    void *bloco = pugi::get_memory_allocation_function()(static_cast<size_t>(std::max<qint64>(tamanho, 1)));
-    if (!bloco)
-        ErroDeLeitura(nomeArquivo, DescricaoDoErro(pugi::status_out_of_memory));
-    if (arquivo.read(static_cast<char *>(bloco), tamanho) != tamanho) {
-        pugi::get_memory_deallocation_function()(bloco);
-        ErroDeLeitura(nomeArquivo, arquivo.errorString());
-    }
-    return documento.load_buffer_inplace_own(bloco, static_cast<size_t>(tamanho), OpcoesDoDOM, pugi::encoding_auto);
+    const QString origem = QStringLiteral("O arquivo \"%1\"").arg(nomeArquivo);
+    const std::unique_ptr<QFile> arquivo = AbrirArquivoComum(nomeArquivo);
+    if (!arquivo)
+        throw EFilerError(QStringLiteral("O arquivo especificado não existe ou não está disponível!"));
+    const qint64 tamanho = arquivo->size();
+    char *bloco = texto.Alocar(static_cast<size_t>(std::max<qint64>(tamanho, 0)));
+    if (arquivo->read(bloco, tamanho) != tamanho)
+        throw EFilerError(QStringLiteral("Não foi possível ler o arquivo \"%1\": %2.").arg(nomeArquivo, arquivo->errorString()));
+    xmlp::ConferirDocumento(texto, origem);
+    const pugi::xml_parse_result r =
+        documento.load_buffer_inplace(texto.Dados(), texto.Tamanho(), OpcoesDoDOM, pugi::encoding_utf8);
+    if (!r)
+        ErroDeDocumento(origem, r, texto);
 }
 
 } // namespace
@@ -96,12 +100,11 @@ bool TTratadorDeArquivosXML::Reconhece(QIODevice &)
 
 void TTratadorDeArquivosXML::Ler(const QString &nomeArquivo)
 {
-    if (!QFileInfo(nomeArquivo).isFile())
+    if (nomeArquivo.isEmpty() || !QFileInfo::exists(nomeArquivo))
         throw EFilerError(QStringLiteral("O arquivo especificado não existe ou não está disponível!"));
+    xmlp::TTextoDoDocumento texto;
     pugi::xml_document documento;
-    const pugi::xml_parse_result r = Carregar(documento, nomeArquivo);
-    if (!r)
-        ErroDeDocumento(QStringLiteral("O arquivo \"%1\"").arg(nomeArquivo), r);
+    Carregar(documento, texto, nomeArquivo);
     const pugi::xml_node raiz = documento.document_element();
     // Durante a leitura, figuras com nome relativo se acham ao lado do documento.
     struct TPastaDaLeitura
@@ -126,27 +129,28 @@ void TTratadorDeArquivosXML::Gravar(const QString &nomeArquivo)
         linhas.append(QLatin1String("</") + TAG_RAIZ + QLatin1Char('>'));
         bytes = xmlp::CodificarDocumento(linhas, CABECALHO);
     }
-    // Sem o buffer do QFileDevice: com ele, uma escrita curta (disco cheio, limite de tamanho) no
-    // esvaziamento do buffer passa despercebida e o commit troca o documento por um pedaço dele.
-    QSaveFile arquivo(nomeArquivo);
-    if (!arquivo.open(QIODevice::WriteOnly | QIODevice::Unbuffered) || arquivo.write(bytes) != bytes.size()
-        || !arquivo.commit())
+    const QString motivo = GravarArquivoComum(nomeArquivo, bytes);
+    if (!motivo.isEmpty())
         throw EInOutError(QStringLiteral("Não foi possível gravar o arquivo \"%1\": %2. O arquivo anterior, se havia, "
                                          "ficou como estava.")
-                              .arg(nomeArquivo, arquivo.errorString()));
+                              .arg(nomeArquivo, motivo));
 }
 
 std::unique_ptr<TGISObjeto> TTratadorDeArquivosXML::ObterObjeto(const QString &texto)
 {
-    const QByteArray documentoTexto =
-        (QLatin1Char('<') + TAG_RAIZ + QLatin1Char('>') + texto + QLatin1String("</") + TAG_RAIZ + QLatin1Char('>'))
-            .toUtf8();
+    // Linhas e colunas das mensagens contam do começo de `texto`, não do invólucro.
+    const QByteArray abertura = (QLatin1Char('<') + TAG_RAIZ + QLatin1Char('>')).toUtf8();
+    const QByteArray documentoTexto = abertura + (texto + QLatin1String("</") + TAG_RAIZ + QLatin1Char('>')).toUtf8();
+    xmlp::TTextoDoDocumento conferido;
+    std::memcpy(conferido.Alocar(static_cast<size_t>(documentoTexto.size())), documentoTexto.constData(),
+                static_cast<size_t>(documentoTexto.size()));
+    const auto descontar = static_cast<size_t>(abertura.size());
+    xmlp::ConferirDocumento(conferido, QStringLiteral("O texto"), descontar);
     pugi::xml_document documento;
-    const pugi::xml_parse_result r = documento.load_buffer(documentoTexto.constData(),
-                                                           static_cast<size_t>(documentoTexto.size()), OpcoesDoDOM,
-                                                           pugi::encoding_utf8);
+    const pugi::xml_parse_result r =
+        documento.load_buffer_inplace(conferido.Dados(), conferido.Tamanho(), OpcoesDoDOM, pugi::encoding_utf8);
     if (!r)
-        ErroDeDocumento(QStringLiteral("O texto"), r);
+        ErroDeDocumento(QStringLiteral("O texto"), r, conferido, descontar);
     const pugi::xml_node raiz = documento.document_element();
     if (!raiz)
         return nullptr;

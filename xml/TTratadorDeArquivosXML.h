@@ -77,15 +77,22 @@ public:
     /// `TAG_RAIZ` sem distinguir maiúsculas; outra raiz não lê nada nem levanta nada (e os
     /// limites ainda são recalculados). A lista não é esvaziada antes: ler duas vezes dobra a
     /// lista. O `Arquivo` relativo de uma imagem é procurado primeiro na pasta do documento e
-    /// depois na pasta de trabalho. \throws EFilerError arquivo que não se lê, ou documento mal
-    /// formado (nada é lido, e a mensagem diz o motivo); EConvertError número inválido (o que já
-    /// foi lido fica).
+    /// depois na pasta de trabalho. Os bytes são conferidos na codificação declarada antes de
+    /// tudo (UTF-8, ISO-8859-1, US-ASCII; UTF-16 com marca de ordem de bytes): bytes inválidos
+    /// nela e caracteres que o XML 1.0 proíbe, também como referência (`&#0;`), são erro com o
+    /// arquivo, a linha e a coluna.
+    /// \throws EFilerError arquivo que não se lê, bytes ou caracteres inválidos, codificação não
+    /// suportada, ou documento mal formado (nada é lido, e a mensagem diz o motivo, a linha e a
+    /// coluna); EInOutError um nome que existe mas não é de um arquivo comum (pasta, FIFO,
+    /// dispositivo; o FIFO não trava a leitura), ou uma figura que não se lê; EConvertError número
+    /// inválido (o que já foi lido fica).
     void Ler(const QString &nomeArquivo) override;
     /// Grava a lista como documento, na codificação que `CABECALHO` declara, com fins de linha
     /// CR LF. O documento é montado inteiro antes e gravado num arquivo ao lado, que só então
     /// toma o nome do destino: uma gravação que falha nunca destrói o documento anterior.
     /// \throws EConvertError caractere que a codificação não tem (nada é gravado);
-    ///         EInOutError falha ao gravar o arquivo.
+    ///         EInOutError falha ao gravar o arquivo, com o motivo do sistema em português ("sem
+    ///         espaço no disco", "permissão negada"...; ver `MotivoDoSistema`).
     void Gravar(const QString &nomeArquivo) override;
     /// Sempre verdadeiro, sem ler o fluxo: o tratador XML aceita qualquer arquivo que o registro
     /// lhe ofereça.
@@ -101,7 +108,8 @@ public:
     static std::unique_ptr<TGISObjeto> ObterXMLObjeto(const pugi::xml_node &node);
     /// O objeto de um texto com um elemento: o texto é posto dentro de `<TAG_RAIZ>` e o primeiro
     /// filho da raiz vai para `ObterXMLObjeto`. \throws EListError (índice 0) texto sem nó dentro
-    /// da raiz, como `ObterObjeto("")`; EFilerError texto mal formado.
+    /// da raiz, como `ObterObjeto("")`; EFilerError texto mal formado ou com um caractere que o
+    /// XML 1.0 proíbe (`&#0;`), com a linha e a coluna contadas no texto dado.
     static std::unique_ptr<TGISObjeto> ObterObjeto(const QString &texto);
     /// Acrescenta a `lista`, em ordem, o objeto de cada filho de `node` que tenha um.
     static void AtribuirXMLLista(TGISObjetoList &lista, const pugi::xml_node &node);

@@ -110,7 +110,7 @@ std::uint8_t LerByte(const char *texto)
 {
     const std::int32_t v = LerInteiro(texto);
     if (v < 0 || v > 255)
-        throw EConvertError(QStringLiteral("\"%1\" não é um valor de 0 a 255").arg(Texto(texto)));
+        throw EConvertError(QStringLiteral("%1 não é um valor de 0 a 255").arg(CitarValor(Texto(texto))));
     return static_cast<std::uint8_t>(v);
 }
 
@@ -186,15 +186,16 @@ void TTratadorDeArquivosXML::AtribuirXMLImagem(TGISImagem &imagem, const pugi::x
 {
     const char *v;
     if (Atributo(node, "Arquivo", v)) {
-        // Um nome relativo vale primeiro ao lado do documento, depois na pasta de trabalho. Só um
-        // arquivo comum: um dispositivo ("/dev/zero") não é figura e não deve ser lido.
+        // Um nome relativo vale primeiro ao lado do documento, depois na pasta de trabalho. O que
+        // existe e não é um arquivo comum (um dispositivo, "/dev/zero", um FIFO) é erro de
+        // `LerArquivo`, com o nome; o que não existe não é lido, sem erro.
         QString arquivo = Texto(v);
-        if (QFileInfo(arquivo).isRelative() && !PastaDoDocumento().isEmpty()) {
+        if (!arquivo.isEmpty() && QFileInfo(arquivo).isRelative() && !PastaDoDocumento().isEmpty()) {
             const QString aoLado = QDir(PastaDoDocumento()).filePath(arquivo);
-            if (QFileInfo(aoLado).isFile())
+            if (QFileInfo::exists(aoLado))
                 arquivo = aoLado;
         }
-        if (QFileInfo(arquivo).isFile())
+        if (!arquivo.isEmpty() && QFileInfo::exists(arquivo))
             imagem.LerArquivo(arquivo);
     }
     TGISRet r = imagem.AreaImagem();
@@ -252,16 +253,19 @@ void TTratadorDeArquivosXML::AtribuirXMLPonto(TGISPonto &ponto, const pugi::xml_
 void TTratadorDeArquivosXML::AtribuirXMLTexto(TGISTexto &texto, const pugi::xml_node &node)
 {
     const char *v;
+    // A fonte vai inteira antes do texto: o texto é medido uma vez só.
+    TFont fonte = texto.Fonte();
     if (Atributo(node, "Fonte", v))
-        texto.Fonte().Name = Texto(v);
+        fonte.Name = Texto(v);
     if (Atributo(node, "AlinhamentoVertical", v))
         texto.AtribuirAlinhamentoVertical(LerByte(v));
     if (Atributo(node, "AlinhamentoHorizontal", v))
         texto.AtribuirAlinhamentoHorizontal(LerByte(v));
+    if (Atributo(node, "FonteTamanho", v))
+        fonte.SetSize(LerInteiro(v));
+    texto.AtribuirFonte(fonte);
     if (Atributo(node, "Texto", v))
         texto.AtribuirTexto(Texto(v));
-    if (Atributo(node, "FonteTamanho", v))
-        texto.Fonte().SetSize(LerInteiro(v));
 }
 
 void TTratadorDeArquivosXML::AtribuirXMLLinha(TGISLinha &linha, const pugi::xml_node &node)

@@ -72,6 +72,7 @@ void MontarTextos(TGis &gis)
         t->AtribuirOrientacao(graus * M_PI / 180.0);
         t->Fonte().SetSize(pontos);
         t->Fonte().Style = Estilo(fsItalic);
+        t->MedirTexto();
         t->AtribuirCor(RGB(30, 70, 140));
         camada->Objetos().Add(t);
     };

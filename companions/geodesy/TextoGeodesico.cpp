@@ -86,9 +86,11 @@ QString Decimal(double valor)
     return s == u"-0" ? QStringLiteral("0") : s;
 }
 
+// O texto de fora entra na mensagem cortado (`CitarValor`): um valor enorme não faz uma mensagem
+// enorme.
 [[noreturn]] void Falhar(const QString &modelo, const QString &texto)
 {
-    throw EConvertError(modelo.arg(texto));
+    throw EConvertError(modelo.arg(CitarValor(texto)));
 }
 
 } // namespace
@@ -110,7 +112,7 @@ std::int32_t GrauToInt(const QString &texto)
     const double arredondado = segundos ? std::round(*segundos) : 0.0;
     if (!segundos || arredondado < std::numeric_limits<std::int32_t>::min()
         || arredondado > std::numeric_limits<std::int32_t>::max())
-        Falhar(QStringLiteral("\"%1\" não é uma coordenada válida (por exemplo: 23°30'00''S ou -23,5)"), texto);
+        Falhar(QStringLiteral("%1 não é uma coordenada válida (por exemplo: 23°30'00''S ou -23,5)"), texto);
     return static_cast<std::int32_t>(arredondado);
 }
 
@@ -131,7 +133,7 @@ double StrToDistancia(const QString &texto)
         if (unidade == u"M")
             return *valor / 1852.0;
     }
-    Falhar(QStringLiteral("\"%1\" não é uma distância válida em milhas náuticas"), texto);
+    Falhar(QStringLiteral("%1 não é uma distância válida em milhas náuticas"), texto);
 }
 
 QString AnguloToStr(double valor, bool comUnidade)
@@ -158,7 +160,7 @@ double StrToAngulo(const QString &texto)
         if (const std::optional<double> segundos = LerSegundos(limpo, false))
             return *segundos / 3600.0 * Pi / 180.0;
     }
-    Falhar(QStringLiteral("\"%1\" não é um ângulo válido"), texto);
+    Falhar(QStringLiteral("%1 não é um ângulo válido"), texto);
 }
 
 } // namespace tavru

@@ -6,7 +6,8 @@
 /// vale ponto ou vírgula. Todo texto escrito aqui é lido de volta pela função par: a posição
 /// exatamente, distâncias e ângulos a menos de um milionésimo da sua unidade. Os textos não levam
 /// aspas duplas, `<` nem `&`, e podem ir tal como estão num atributo XML entre aspas duplas.
-/// Texto que não se lê levanta `EConvertError` com mensagem em português.
+/// Texto que não se lê levanta `EConvertError` com mensagem em português, que cita o texto com
+/// `CitarValor` (no máximo 60 caracteres, e o comprimento quando é mais longo).
 
 #include <tavru/platform/Exportacao.h>
 

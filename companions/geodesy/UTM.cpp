@@ -102,8 +102,8 @@ void ConverteGradeUTM_para_LatLong(const QString &zona, double leste, double nor
     bool ok = false;
     const int fuso = z.isEmpty() ? 0 : z.chopped(1).trimmed().toInt(&ok);
     if (!ok)
-        throw EConvertError(QStringLiteral("Zona UTM inválida: \"%1\" (esperado o fuso seguido da letra, como 22K)")
-                                .arg(zona));
+        throw EConvertError(QStringLiteral("Zona UTM inválida: %1 (esperado o fuso seguido da letra, como 22K)")
+                                .arg(CitarValor(zona)));
     ConverteGradeUTM_para_LatLong(fuso, z.back(), leste, norte, elipsoide, latitude, longitude);
 }
 

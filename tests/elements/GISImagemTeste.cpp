@@ -1,5 +1,5 @@
-// Imagens: o ".geo" lido (cantos em ordem, espaços, arquivo faltando ou estragado deixa o
-// padrão) e gravado como sempre foi (números grudados), as figuras lidas e as que não se leem,
+// Imagens: o ".geo" lido (cantos em ordem, espaços; arquivo faltando deixa o padrão, estragado
+// é erro) e gravado como sempre foi (números grudados), as figuras lidas e as que não se leem,
 // os limites de zoom, o deslocamento com a posição e a pertinência estrita.
 
 #include "CanvasGravador.h"
@@ -52,14 +52,25 @@ TEST(TGISImagem, GeoLidoEmOrdemOuIgnoradoEGravadoComOsNumerosGrudados)
     EXPECT_TRUE(imagem.LerArquivoGEO(figura));
     EXPECT_EQ(imagem.AreaImagem(), GISRet(-3600, -10, 0, 7200));
 
+    // O que não são quatro inteiros é erro do arquivo de texto, com o nome dele; a área fica.
     for (const QByteArray &estragado : {QByteArray(), QByteArray("1 2 3"), QByteArray("1,2,3,4"),
                                         QByteArray("1 2 x 4"), QByteArray("1 2 3 4294967296"),
-                                        QByteArray("+ 1 2 3 4"), QByteArray("1 2\0 3 4", 8)}) {
+                                        QByteArray("+ 1 2 3 4"), QByteArray("1 2\0 3 4", 8),
+                                        QByteArray("1 2.5 3 4"), QByteArray("1 2 3 4.5"), QByteArray("1 2 3 4abc")}) {
         imagem.AtribuirAreaImagem(Padrao);
         Escrever(geo, estragado);
-        EXPECT_FALSE(imagem.LerArquivoGEO(figura)) << estragado.toStdString();
+        try {
+            imagem.LerArquivoGEO(figura);
+            ADD_FAILURE() << estragado.toStdString();
+        } catch (const EInOutError &e) {
+            EXPECT_TRUE(e.Message().contains(geo)) << e.what();
+        }
         EXPECT_EQ(imagem.AreaImagem(), Padrao);
     }
+    Escrever(geo, "-2147483648 2147483647 0 0 e o resto\n"); // os extremos dos 32 bits servem
+    EXPECT_TRUE(imagem.LerArquivoGEO(figura));
+    EXPECT_EQ(imagem.AreaImagem(), GISRet(-2147483648, 0, 0, 2147483647));
+    imagem.AtribuirAreaImagem(Padrao);
 
     // A gravação junta os números sem separador, como sempre foi: só volta se os sinais separam.
     const QString foto = dir.filePath("foto.jpg");
@@ -69,7 +80,7 @@ TEST(TGISImagem, GeoLidoEmOrdemOuIgnoradoEGravadoComOsNumerosGrudados)
     };
     imagem.GravarArquivoGEO(foto);
     EXPECT_EQ(gravado(), QByteArray("-1000-100010001000\r\n"));
-    EXPECT_FALSE(imagem.LerArquivoGEO(foto)); // não volta: o segundo número estoura
+    EXPECT_THROW(imagem.LerArquivoGEO(foto), EInOutError); // não volta: só três números
 
     imagem.AtribuirAreaImagem(GISRet(-1000, -2000, -500, -100)); // os sinais separam: volta
     imagem.GravarArquivoGEO(foto);

@@ -34,6 +34,7 @@ TEST(Texto, BandeirasDeAlinhamentoEExtensaoComAlturaIgualALargura)
     EXPECT_EQ(t.Area(), GISRet(1000, 2000, 1000, 2000)); // texto vazio: tamanho zero
     t.AtribuirTexto(QStringLiteral("Porto de Santos"));
     t.Fonte().SetSize(14);
+    t.MedirTexto(); // a fonte mudou por fora da API
     const int w = QFontMetrics(t.Fonte().ParaQFont()).horizontalAdvance(t.Texto());
     ASSERT_GT(w, 40);
     const struct

@@ -71,11 +71,11 @@ TEST_F(Leitura, InteirosCrusTextosEmGrausEObjetoSolto)
                           "<Ponto Latitude=\"2147483648\"/>", "<Linha><Pontos><Ponto Latitude=\"x\"/></Pontos></Linha>"})
         Recusa(e);
     // Os cantos da imagem são sempre graus: "1000" são 1000 graus.
-    auto imagem = Objeto<TGISImagem>("<Imagem Arquivo=\"/dev/zero\" LatMin=\"1000\" LongMin=\"000°00'10''W\" "
+    auto imagem = Objeto<TGISImagem>("<Imagem Arquivo=\"/nao/ha/figura.png\" LatMin=\"1000\" LongMin=\"000°00'10''W\" "
                                      "CorTransparente=\"00FF00\"/>");
     ASSERT_TRUE(imagem);
     EXPECT_EQ(imagem->AreaImagem(), GISRet(3600000, -10, 1000, 1000));
-    EXPECT_TRUE(imagem->NomeArquivoImagem().isEmpty()); // um dispositivo não é figura: nada é carregado
+    EXPECT_TRUE(imagem->NomeArquivoImagem().isEmpty()); // a figura não existe: nada é carregado, sem erro
 
     try {
         TTratadorDeArquivosXML::ObterObjeto(QString());
