@@ -48,6 +48,11 @@ TConversorPrj::TConversorPrj(const QString &nomeShp, const QString &nomePrj, dou
     if (!prj.open(QIODevice::ReadOnly) || prj.size() > TamanhoMaximoPrj)
         throw EFilerError(QStringLiteral("O arquivo de projeção \"%1\" não pôde ser lido.").arg(Nome(nomePrj)));
     const QByteArray wkt = prj.readAll().trimmed();
+    // Um sistema geográfico já está em graus: sem o PROJ, que abriria a sua base de dados só para
+    // dizer isso (milissegundos por arquivo). WKT1 ("GEOGCS[") e WKT2 ("GEOGCRS[").
+    const QByteArray inicio = wkt.left(8).toUpper();
+    if (inicio.startsWith("GEOGCS[") || inicio.startsWith("GEOGCRS["))
+        return;
 
     FContexto = proj_context_create();
     proj_log_level(FContexto, PJ_LOG_NONE);

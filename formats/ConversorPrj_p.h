@@ -32,7 +32,8 @@ public:
     /// Se as coordenadas são projetadas (passam pelo PROJ).
     bool Projetado() const { return FTransformacao != nullptr; }
     /// Converte `n` pontos no lugar: `x` vira longitude e `y` latitude, em graus. Falso quando
-    /// algum ponto não tem conversão (fora do domínio da projeção, ou não finito).
+    /// algum ponto não tem conversão (fora do domínio da projeção, ou não finito). Sem projeção,
+    /// só confere que são finitos.
     bool Converter(double *x, double *y, int n) const;
 
 private:

@@ -101,7 +101,8 @@ public:
 
 private:
     void Atributos(int indice, TInformacoes &informacoes);
-    bool Pontos(SHPObject &forma, std::vector<TGISPosicao> &pontos);
+    // Os vértices `inicio` a `fim` - 1 (já em graus) em segundos de arco; falso fora do mundo.
+    bool Pontos(SHPObject &forma, int inicio, int fim, TGISPosicao *pontos) const;
 
     QString FNomeShp;
     std::unique_ptr<SHPInfo, TFecharShp> FShp;
@@ -112,7 +113,6 @@ private:
     std::unique_ptr<TCoresShapeFile> FCores;
     int FRegistros = 0;
     int FTipo = SHPT_NULL;
-    std::vector<double> FX, FY;
 };
 
 TLeitor::TLeitor(const QString &nomeArquivo, TArquivosShapeFile &arquivos) : FNomeShp(nomeArquivo)
@@ -128,6 +128,7 @@ TLeitor::TLeitor(const QString &nomeArquivo, TArquivosShapeFile &arquivos) : FNo
         throw EFilerError(QStringLiteral("O arquivo \"%1\" não é um Shapefile que se leia (%2).")
                               .arg(nome, arquivos.Erros.isEmpty() ? QStringLiteral("cabeçalho ou índice inválido")
                                                                   : arquivos.Erros.join(QLatin1String("; "))));
+    SHPSetFastModeReadObject(FShp.get(), 1);
     double minimo[4], maximo[4];
     SHPGetInfo(FShp.get(), &FRegistros, &FTipo, minimo, maximo);
     switch (FTipo) {
@@ -177,16 +178,10 @@ void TLeitor::Atributos(int indice, TInformacoes &informacoes)
     }
 }
 
-bool TLeitor::Pontos(SHPObject &forma, std::vector<TGISPosicao> &pontos)
+bool TLeitor::Pontos(SHPObject &forma, int inicio, int fim, TGISPosicao *pontos) const
 {
-    const int n = forma.nVertices;
-    FX.assign(forma.padfX, forma.padfX + n);
-    FY.assign(forma.padfY, forma.padfY + n);
-    if (!FConversor->Converter(FX.data(), FY.data(), n))
-        return false;
-    pontos.resize(static_cast<std::size_t>(n));
-    for (int i = 0; i < n; ++i)
-        if (!ParaSegundos(FX[i], FY[i], pontos[i]))
+    for (int i = inicio; i < fim; ++i)
+        if (!ParaSegundos(forma.padfX[i], forma.padfY[i], *pontos++))
             return false;
     return true;
 }
@@ -194,6 +189,8 @@ bool TLeitor::Pontos(SHPObject &forma, std::vector<TGISPosicao> &pontos)
 bool TLeitor::Objetos(int indice, std::vector<std::unique_ptr<TGISObjeto>> &objetos)
 {
     objetos.clear();
+    // Modo rápido: os vetores da forma são do shapelib, reaproveitados a cada registro (o
+    // SHPDestroyObject só os devolve).
     std::unique_ptr<SHPObject, TDestruirForma> forma(SHPReadObject(FShp.get(), indice));
     if (!forma)
         return false;
@@ -203,8 +200,8 @@ bool TLeitor::Objetos(int indice, std::vector<std::unique_ptr<TGISObjeto>> &obje
     const auto familia = [](int t) { return t % 10; };
     if (familia(forma->nSHPType) != familia(FTipo) || !forma->padfX || !forma->padfY)
         return false;
-    std::vector<TGISPosicao> pontos;
-    if (!Pontos(*forma, pontos))
+    // Em graus, no lugar (os vetores da forma são do shapelib, reescritos a cada registro).
+    if (!FConversor->Converter(forma->padfX, forma->padfY, forma->nVertices))
         return false;
     TInformacoes informacoes;
     Atributos(indice, informacoes);
@@ -214,8 +211,11 @@ bool TLeitor::Objetos(int indice, std::vector<std::unique_ptr<TGISObjeto>> &obje
     case SHPT_POINT:
     case SHPT_MULTIPOINT:
         for (int i = 0; i < n; ++i) {
+            TGISPosicao posicao;
+            if (!Pontos(*forma, i, i + 1, &posicao))
+                return false;
             auto ponto = std::make_unique<TGISPonto>();
-            ponto->AtribuirPosicao(pontos[static_cast<std::size_t>(i)]);
+            ponto->AtribuirPosicao(posicao);
             ponto->AtribuirInformacoes(informacoes);
             objetos.push_back(std::move(ponto));
             if (familia(FTipo) == SHPT_POINT)
@@ -240,7 +240,8 @@ bool TLeitor::Objetos(int indice, std::vector<std::unique_ptr<TGISObjeto>> &obje
             auto *lista = new TGISPosicaoList;
             linha->Pontos().Add(lista);
             lista->Redimensionar(fim - inicio);
-            std::copy(pontos.begin() + inicio, pontos.begin() + fim, lista->Dados());
+            if (!Pontos(*forma, inicio, fim, lista->Dados()))
+                return false;
         }
         linha->CalcularLimites();
         linha->AtribuirInformacoes(informacoes);
