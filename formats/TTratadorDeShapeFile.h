@@ -42,7 +42,8 @@ class TGISObjetoList;
 /// sistema geográfico, sem troca de datum. Sem ".prj", as coordenadas são graus quando a
 /// extensão do arquivo cabe em ±180/±90; senão, erro.
 ///
-/// ".shx" que falta é refeito do ".shp" em memória (nada é escrito ao lado dos arquivos). ".cor"
+/// ".shx" que falta, ou que o shapelib não aceita (cortado, de outro ".shp"), é refeito do ".shp"
+/// em memória (nada é escrito ao lado dos arquivos). ".cor"
 /// (cores de caneta e de pincel, ver o README): aplicado a cada objeto lido.
 ///
 /// Erros: arquivo que não existe levanta `EFilerError` com "O arquivo especificado não existe ou

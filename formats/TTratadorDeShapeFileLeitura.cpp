@@ -125,6 +125,15 @@ TLeitor::TLeitor(const QString &nomeArquivo, TArquivosShapeFile &arquivos) : FNo
     const QString nome = info.fileName();
 
     FShp.reset(SHPOpenLL(NomeParaShapelib(nomeArquivo).c_str(), "rb", arquivos.Ganchos()));
+    if (!FShp && QFileInfo::exists(Irmao(base, ".shx"))) {
+        // Um .shx que não se lê (cortado, de outro .shp) é refeito em memória, como o que falta.
+        QByteArray shx = RefazerShx(nomeArquivo);
+        if (!shx.isEmpty()) {
+            arquivos.Memoria[NomeParaShapelib(base + QLatin1String(".shx"))] = std::move(shx);
+            arquivos.Erros.clear();
+            FShp.reset(SHPOpenLL(NomeParaShapelib(nomeArquivo).c_str(), "rb", arquivos.Ganchos()));
+        }
+    }
     if (!FShp)
         throw EFilerError(QStringLiteral("O arquivo \"%1\" não é um Shapefile que se leia (%2).")
                               .arg(nome, arquivos.Erros.isEmpty() ? QStringLiteral("cabeçalho ou índice inválido")

@@ -215,6 +215,10 @@ TEST_F(ShapeFile, ShxQueFaltaRefeitoEmMemoriaERegistrosCorrompidosListados)
     Ler(l, Caminho("estados.shp"));
     EXPECT_EQ(l.Count(), 27);
     EXPECT_EQ(Arquivos(), antes) << "nada escrito ao lado";
+    Escrever(Caminho("estados.shx"), Bytes(Dados + "br_cities.shx").left(150)); // de outro .shp, cortado
+    TGISObjetoList outroShx;
+    Ler(outroShx, Caminho("estados.shp"));
+    EXPECT_EQ(outroShx.Count(), 27);
 
     // Três linhas; a do meio com uma parte que começa depois do fim dos vértices.
     Criar(Caminho("tres"), SHPT_ARC,
