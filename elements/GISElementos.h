@@ -3,6 +3,7 @@
 /// A unidade dos elementos do mapa: inclui as classes concretas de objetos.
 
 #include <tavru/elements/GISArea.h>
+#include <tavru/elements/GISAreaComFuros.h>
 #include <tavru/elements/GISCorredor.h>
 #include <tavru/elements/GISLinha.h>
 #include <tavru/elements/GISPonto.h>

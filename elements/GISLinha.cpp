@@ -232,13 +232,10 @@ void TGISLinha::Compactar()
     }
 }
 
-void DesenharOtimizado(TCanvas &canvas, const TPoint *pontos, int ultimo, bool aberto)
+void DesbastarPontos(const TPoint *pontos, int ultimo, std::vector<TPoint> &mantidos)
 {
     if (ultimo < 0)
         return;
-    static std::vector<TPoint> mantidos;
-    mantidos.clear();
-    mantidos.reserve(static_cast<std::size_t>(ultimo) + 1);
     TPoint anterior = pontos[0];
     mantidos.push_back(anterior);
     for (int i = 1; i <= ultimo; ++i) {
@@ -249,6 +246,16 @@ void DesenharOtimizado(TCanvas &canvas, const TPoint *pontos, int ultimo, bool a
         mantidos.push_back(p);
         anterior = p;
     }
+}
+
+void DesenharOtimizado(TCanvas &canvas, const TPoint *pontos, int ultimo, bool aberto)
+{
+    if (ultimo < 0)
+        return;
+    static std::vector<TPoint> mantidos;
+    mantidos.clear();
+    mantidos.reserve(static_cast<std::size_t>(ultimo) + 1);
+    DesbastarPontos(pontos, ultimo, mantidos);
     const int total = static_cast<int>(mantidos.size());
     if (aberto)
         canvas.Polyline(mantidos.data(), total);

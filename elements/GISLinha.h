@@ -105,6 +105,9 @@ private:
 /// do último mantido: como linha aberta quando `aberto`, senão como polígono fechado e preenchido.
 /// Uma sequência de um ponto desenha uma figura degenerada de um ponto.
 TAVRU_GIS_EXPORT void DesenharOtimizado(TCanvas &canvas, const TPoint *pontos, int ultimo, bool aberto);
+/// Acrescenta a `mantidos` os pontos 0..`ultimo` que `DesenharOtimizado` desenharia (o primeiro, e
+/// cada um a 2 pixels ou mais, num dos eixos, do último mantido).
+TAVRU_GIS_EXPORT void DesbastarPontos(const TPoint *pontos, int ultimo, std::vector<TPoint> &mantidos);
 
 /// Um par de números reais.
 struct TLimite

@@ -2,6 +2,7 @@
 
 #include <QFontMetrics>
 #include <QPainter>
+#include <QPainterPath>
 
 #include <algorithm>
 #include <cstdlib>
@@ -104,6 +105,24 @@ void TCanvas::Polygon(const TPoint *pontos, int quantidade)
         return;
     if (QPainter *p = Preparar())
         p->drawPolygon(ComoQPoints(pontos), quantidade);
+}
+
+void TCanvas::PolyPolygon(const TPoint *pontos, const int *quantidades, int aneis)
+{
+    QPainterPath caminho;
+    caminho.setFillRule(Qt::OddEvenFill);
+    for (int a = 0; a < aneis; pontos += quantidades[a], ++a) {
+        if (quantidades[a] < 2)
+            continue;
+        caminho.moveTo(pontos[0].X, pontos[0].Y);
+        for (int i = 1; i < quantidades[a]; ++i)
+            caminho.lineTo(pontos[i].X, pontos[i].Y);
+        caminho.closeSubpath();
+    }
+    if (caminho.isEmpty())
+        return;
+    if (QPainter *p = Preparar())
+        p->drawPath(caminho);
 }
 
 namespace {

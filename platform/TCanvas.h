@@ -80,6 +80,11 @@ public:
     virtual void Polyline(const TPoint *pontos, int quantidade);
     /// Polígono preenchido com o pincel e contornado com a caneta; fecha sozinho.
     virtual void Polygon(const TPoint *pontos, int quantidade);
+    /// Vários polígonos como uma figura só (extensão: áreas com furos): `quantidades[i]` pontos
+    /// do anel i, em sequência em `pontos`; cada anel fecha sozinho e é contornado com a caneta, e
+    /// o pincel preenche pela regra par-ímpar (um ponto dentro de um número par de anéis, como o
+    /// de um furo, não é pintado). Anéis de menos de 2 pontos são pulados.
+    virtual void PolyPolygon(const TPoint *pontos, const int *quantidades, int aneis);
     /// Elipse inscrita no retângulo (x1, y1)-(x2, y2), direita e base exclusivas; cantos em
     /// qualquer ordem dão a mesma figura.
     virtual void Ellipse(int x1, int y1, int x2, int y2);

@@ -172,7 +172,8 @@ public:
 
 /// A classe de objeto do nome do elemento, por comparação exata: "Imagem", "Ponto", "Area",
 /// "Trajeto", "Linha", "Corredor", "AreaCircular", "Elipse", "Texto", "Composto". Nulo para
-/// qualquer outro nome.
+/// qualquer outro nome. Extensão: um "Area" com `Regra="ParImpar"` (o que `GravarArea` escreve para
+/// uma `TGISAreaComFuros`) dá a área com furos.
 TAVRU_GIS_EXPORT const TClasseObjeto *ObterRefClassObjetoGis(const pugi::xml_node &node);
 
 } // namespace tavru

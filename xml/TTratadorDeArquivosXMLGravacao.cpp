@@ -9,6 +9,7 @@
 #include <tavru/companions/symbology/Tagsxml.h>
 #include <tavru/core/TGISObjetoList.h>
 #include <tavru/elements/GISArea.h>
+#include <tavru/elements/GISAreaComFuros.h>
 #include <tavru/elements/GISAreaCircular.h>
 #include <tavru/elements/GISComposto.h>
 #include <tavru/elements/GISCorredor.h>
@@ -212,7 +213,12 @@ void TTratadorDeArquivosXML::GravarArea(QStringList &linhas, const TGISArea &are
     TLinha abertura(QLatin1String("Area"));
     abertura.Inteiro(QLatin1String("Estilo"), area.Caneta().Style)
         .Cor(QLatin1String("Cor"), area.Caneta().Color, area.IndiceCor());
-    linhas.append(Preenchimento(abertura, area.Pincel(), area.IndicePincel()).Fechar());
+    Preenchimento(abertura, area.Pincel(), area.IndicePincel());
+    // Extensão: a área com furos marca a regra de preenchimento (um leitor que não a conhece lê
+    // uma área comum, com as mesmas partes).
+    if (dynamic_cast<const TGISAreaComFuros *>(&area))
+        abertura.Atributo(QLatin1String("Regra"), QStringLiteral("ParImpar"));
+    linhas.append(abertura.Fechar());
     GravarPartes(linhas, area);
     GravarInformacoes(linhas, area.Informacoes());
     linhas.append(QStringLiteral("</Area>"));

@@ -8,6 +8,7 @@
 #include <tavru/core/TGISObjetoList.h>
 #include <tavru/core/TGISPosicaoListList.h>
 #include <tavru/elements/GISArea.h>
+#include <tavru/elements/GISAreaComFuros.h>
 #include <tavru/elements/GISAreaCircular.h>
 #include <tavru/elements/GISComposto.h>
 #include <tavru/elements/GISCorredor.h>
@@ -139,8 +140,12 @@ const TClasseObjeto *ObterRefClassObjetoGis(const pugi::xml_node &node)
         return nullptr;
     const char *nome = node.name();
     for (const TEntrada &e : tabela)
-        if (std::strcmp(nome, e.Nome) == 0)
+        if (std::strcmp(nome, e.Nome) == 0) {
+            // Extensão: um `Area` com `Regra="ParImpar"` é uma área com furos.
+            if (e.Classe == &TGISArea::Descritor && std::strcmp(node.attribute("Regra").value(), "ParImpar") == 0)
+                return &TGISAreaComFuros::Descritor;
             return e.Classe;
+        }
     return nullptr;
 }
 

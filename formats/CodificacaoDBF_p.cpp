@@ -1,0 +1,83 @@
+#include "CodificacaoDBF_p.h"
+
+#include <QStringDecoder>
+
+namespace tavru::shp {
+namespace {
+
+// Windows-1252 de 0x80 a 0x9F (o resto é ISO-8859-1); 0 onde o código não tem caractere.
+constexpr char16_t Windows1252[32] = {
+    0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0,      0x017D, 0,      0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
+
+// CP850 (DOS multilíngue) de 0x80 a 0xFF.
+constexpr char16_t Cp850[128] = {
+    0x00C7, 0x00FC, 0x00E9, 0x00E2, 0x00E4, 0x00E0, 0x00E5, 0x00E7, 0x00EA, 0x00EB, 0x00E8, 0x00EF, 0x00EE,
+    0x00EC, 0x00C4, 0x00C5, 0x00C9, 0x00E6, 0x00C6, 0x00F4, 0x00F6, 0x00F2, 0x00FB, 0x00F9, 0x00FF, 0x00D6,
+    0x00DC, 0x00F8, 0x00A3, 0x00D8, 0x00D7, 0x0192, 0x00E1, 0x00ED, 0x00F3, 0x00FA, 0x00F1, 0x00D1, 0x00AA,
+    0x00BA, 0x00BF, 0x00AE, 0x00AC, 0x00BD, 0x00BC, 0x00A1, 0x00AB, 0x00BB, 0x2591, 0x2592, 0x2593, 0x2502,
+    0x2524, 0x00C1, 0x00C2, 0x00C0, 0x00A9, 0x2563, 0x2551, 0x2557, 0x255D, 0x00A2, 0x00A5, 0x2510, 0x2514,
+    0x2534, 0x252C, 0x251C, 0x2500, 0x253C, 0x00E3, 0x00C3, 0x255A, 0x2554, 0x2569, 0x2566, 0x2560, 0x2550,
+    0x256C, 0x00A4, 0x00F0, 0x00D0, 0x00CA, 0x00CB, 0x00C8, 0x0131, 0x00CD, 0x00CE, 0x00CF, 0x2518, 0x250C,
+    0x2588, 0x2584, 0x00A6, 0x00CC, 0x2580, 0x00D3, 0x00DF, 0x00D4, 0x00D2, 0x00F5, 0x00D5, 0x00B5, 0x00FE,
+    0x00DE, 0x00DA, 0x00DB, 0x00D9, 0x00FD, 0x00DD, 0x00AF, 0x00B4, 0x00AD, 0x00B1, 0x2017, 0x00BE, 0x00B6,
+    0x00A7, 0x00F7, 0x00B8, 0x00B0, 0x00A8, 0x00B7, 0x00B9, 0x00B3, 0x00B2, 0x25A0, 0x00A0};
+
+} // namespace
+
+bool CodificacaoDoCpg(const QByteArray &cpg, TCodificacaoDBF &codificacao)
+{
+    QByteArray t = cpg.trimmed().toUpper();
+    t.replace('-', "").replace('_', "").replace(' ', "");
+    if (t == "UTF8" || t == "65001") {
+        codificacao = cdUtf8;
+    } else if (t == "ISO88591" || t == "88591" || t == "LATIN1" || t == "28591") {
+        codificacao = cdLatin1;
+    } else if (t == "1252" || t == "CP1252" || t == "WINDOWS1252" || t == "ANSI1252") {
+        codificacao = cdWindows1252;
+    } else if (t == "850" || t == "CP850" || t == "IBM850" || t == "OEM850") {
+        codificacao = cdCp850;
+    } else {
+        return false;
+    }
+    return true;
+}
+
+bool CodificacaoDoByte(int byte, TCodificacaoDBF &codificacao)
+{
+    switch (byte) {
+    case 0x03: case 0x57: case 0x58: case 0x59:
+        codificacao = cdWindows1252;
+        return true;
+    case 0x02: case 0x10: case 0x12: case 0x14: case 0x16: case 0x1A: case 0x1D: case 0x24: case 0x25: case 0x37:
+        codificacao = cdCp850;
+        return true;
+    default:
+        return false;
+    }
+}
+
+QString Decodificar(const char *bytes, int tamanho, TCodificacaoDBF codificacao)
+{
+    if (codificacao == cdUtf8)
+        return QString::fromUtf8(bytes, tamanho);
+    if (codificacao == cdLatin1)
+        return QString::fromLatin1(bytes, tamanho);
+    QString texto(tamanho, Qt::Uninitialized);
+    QChar *saida = texto.data();
+    for (int i = 0; i < tamanho; ++i) {
+        const unsigned char b = static_cast<unsigned char>(bytes[i]);
+        char16_t c = b;
+        if (b >= 0x80) {
+            if (codificacao == cdCp850)
+                c = Cp850[b - 0x80];
+            else if (b < 0xA0)
+                c = Windows1252[b - 0x80] ? Windows1252[b - 0x80] : char16_t(0xFFFD);
+        }
+        saida[i] = QChar(c);
+    }
+    return texto;
+}
+
+} // namespace tavru::shp
