@@ -24,6 +24,21 @@
 
 namespace tavru {
 
+/// Ouve a liberação do objeto selecionado (o aviso chega antes de a memória ser liberada).
+class TGis::TObservadorDaSelecao : public IGISObservador
+{
+public:
+    explicit TObservadorDaSelecao(TGis &gis) : FGis(gis) {}
+    void GISMudou(const TGISAviso &aviso) override
+    {
+        if (aviso.Mudanca == gmLiberado && aviso.Objeto == FGis.FObjetoSelecionado)
+            FGis.SelecaoLiberada();
+    }
+
+private:
+    TGis &FGis;
+};
+
 TGis::TGis(QWidget *parent)
     : QWidget(parent),
       FSeta(std::make_unique<TSeta>()),
@@ -32,7 +47,8 @@ TGis::TGis(QWidget *parent)
       FCanvasTela(std::make_unique<TCanvas>(&FTela)),
       FCamadas(std::make_unique<TGISCamadaList>()),
       FProjecaoPropria(std::make_unique<TGISProjecaoMercator>()),
-      FVigia(std::make_unique<QObject>())
+      FVigia(std::make_unique<QObject>()),
+      FObservadorDaSelecao(std::make_unique<TObservadorDaSelecao>(*this))
 {
     FProjecao = FProjecaoPropria.get();
     setMouseTracking(true);
@@ -99,7 +115,7 @@ void TGis::MoverParaTras(const QString &nome)
 
 void TGis::Limpar()
 {
-    FObjetoSelecionado = nullptr;
+    VigiarSelecao(nullptr);
     FCamadas->Clear();
 }
 
@@ -324,7 +340,7 @@ void TGis::SelecionarObjeto(TGISObjeto *objeto)
     if (objeto == FObjetoSelecionado)
         return;
     if (DoMudaObjetoSelecionado(objeto))
-        FObjetoSelecionado = objeto;
+        VigiarSelecao(objeto);
     if (FVisualizadorInformacoes) {
         if (FObjetoSelecionado)
             FVisualizadorInformacoes->AtribuirInformacoes(FObjetoSelecionado->Informacoes().Linhas());
@@ -342,6 +358,26 @@ bool TGis::DoMudaObjetoSelecionado(TGISObjeto *objeto)
     if (OnMudaObjetoSelecionado)
         OnMudaObjetoSelecionado(this, objeto, podeMudar);
     return podeMudar;
+}
+
+void TGis::VigiarSelecao(TGISObjeto *objeto)
+{
+    if (FObjetoSelecionado == objeto)
+        return;
+    if (FObjetoSelecionado)
+        FObjetoSelecionado->RemoverObservador(FObservadorDaSelecao.get());
+    FObjetoSelecionado = objeto;
+    if (objeto)
+        objeto->AdicionarObservador(FObservadorDaSelecao.get());
+}
+
+void TGis::SelecaoLiberada()
+{
+    FObjetoSelecionado = nullptr; // sem tirar o observador: o objeto já está sendo desfeito
+    FSeta->AtribuirMostrar(false);
+    if (FVisualizadorInformacoes)
+        FVisualizadorInformacoes->Limpar();
+    ParaCadaFerramenta([](IGISMouseEvent &f) { f.GISSelecionou(nullptr); });
 }
 
 void TGis::Zerado()

@@ -148,6 +148,11 @@ public:
 
     // Seleção.
 
+    /// O objeto selecionado, ou nulo. Nunca pendurado: quando o objeto selecionado é liberado (por
+    /// `Remove`, `Delete`, `Clear` da lista dele, pela camada que o possui, ...), o controle o
+    /// esquece sem perguntar: a seta deixa de ser mostrada, o visualizador é esvaziado e cada
+    /// ferramenta recebe `GISSelecionou(nullptr)`; nada é redesenhado (o próximo `Desenhar` mostra).
+    /// Extrair ou mover o objeto não muda a seleção.
     TGISObjeto *ObjetoSelecionado() const { return FObjetoSelecionado; }
     /// Pergunta (`DoMudaObjetoSelecionado`), seleciona se pode, entrega as informações ao
     /// visualizador, redesenha e avisa cada ferramenta com o objeto pedido, mesmo recusado. Pedir o
@@ -289,6 +294,12 @@ private:
     void ParaCadaFerramenta(const std::function<void(IGISMouseEvent &)> &acao);
     /// Ajusta a imagem da tela ao buffer sem deixar o canvas pintando numa imagem que muda.
     void CopiarBufferParaTela();
+    /// Troca o objeto selecionado, observando a liberação do novo.
+    void VigiarSelecao(TGISObjeto *objeto);
+    /// O objeto selecionado foi liberado: esquece-o sem perguntar.
+    void SelecaoLiberada();
+
+    class TObservadorDaSelecao;
 
     // Na ordem de construção.
     std::unique_ptr<TSeta> FSeta;
@@ -314,6 +325,7 @@ private:
     QSet<QObject *> FVigiados;
     TGISRet FRetanguloAjuste = GISRet(0, 0, 0, 0);
     bool FCliqueArmado = false;
+    std::unique_ptr<TObservadorDaSelecao> FObservadorDaSelecao;
 };
 
 } // namespace tavru

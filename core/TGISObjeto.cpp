@@ -1,5 +1,8 @@
 #include <tavru/core/TGISObjeto.h>
 
+#include <tavru/core/TGISObjetoList.h>
+#include <tavru/core/TGISObservadores.h>
+
 #include <tavru/companions/components/TTabelaDeCores.h>
 #include <tavru/companions/symbology/TTabelaDeSimbolos.h>
 
@@ -19,6 +22,11 @@ TGISObjeto::TGISObjeto() = default;
 
 TGISObjeto::~TGISObjeto()
 {
+    if (FObservadores)
+        FObservadores->Avisar(TGISAviso{gmLiberado, this, nullptr, this});
+    // Liberado direto, sem passar pela lista: ela não fica com um ponteiro para ele.
+    if (FLista)
+        FLista->Extract(this);
     LimparDependentes();
     LimparPais();
 }
@@ -26,12 +34,14 @@ TGISObjeto::~TGISObjeto()
 void TGISObjeto::AtribuirPosicao(const TGISPosicao &p)
 {
     FPosicao = p;
+    Mudou();
     AtualizarDependentes();
 }
 
 void TGISObjeto::AtribuirOrientacao(double orientacao)
 {
     FOrientacao = orientacao;
+    Mudou();
 }
 
 bool TGISObjeto::ObterValido() const
@@ -41,7 +51,44 @@ bool TGISObjeto::ObterValido() const
 
 void TGISObjeto::AtualizarCores(const TTabelaDeCores &tabela)
 {
-    AtribuirCor(tabela.ObterCor(FIndiceCor));
+    // Só quando a cor muda: o controle aplica a tabela a cada desenho, e um aviso por quadro
+    // invalidaria o que depende do objeto.
+    const TColor cor = tabela.ObterCor(FIndiceCor);
+    if (cor != ObterCor())
+        AtribuirCor(cor);
+}
+
+void TGISObjeto::Mudou()
+{
+    if (FAlterando > 0) {
+        FMudouPendente = true;
+        return;
+    }
+    if (FObservadores)
+        FObservadores->Avisar(TGISAviso{gmAlterado, this, nullptr, this});
+    if (FLista)
+        FLista->AvisarAlteracao(this);
+}
+
+void TGISObjeto::AdicionarObservador(IGISObservador *observador)
+{
+    if (!FObservadores)
+        FObservadores = std::make_unique<TGISObservadores>();
+    FObservadores->Adicionar(observador);
+}
+
+void TGISObjeto::RemoverObservador(IGISObservador *observador)
+{
+    if (FObservadores)
+        FObservadores->Remover(observador);
+}
+
+TGISObjeto::TAlteracao::~TAlteracao()
+{
+    if (--FObjeto.FAlterando == 0 && FObjeto.FMudouPendente) {
+        FObjeto.FMudouPendente = false;
+        FObjeto.Mudou();
+    }
 }
 
 void TGISObjeto::IncluirDependente(TGISObjeto *o)

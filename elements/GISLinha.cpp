@@ -33,6 +33,7 @@ TGISLinha::~TGISLinha() = default;
 
 void TGISLinha::AtribuirPosicao(const TGISPosicao &p)
 {
+    const TAlteracao alteracao(*this);
     TGISObjeto::AtribuirPosicao(p);
     CalcularLimites();
 }
@@ -40,6 +41,7 @@ void TGISLinha::AtribuirPosicao(const TGISPosicao &p)
 void TGISLinha::AtribuirCor(TColor cor)
 {
     Caneta().Color = cor;
+    Mudou();
 }
 
 TColor TGISLinha::ObterCor() const
@@ -57,11 +59,13 @@ TGISPosicao TGISLinha::ObterPonto(int lista, int indice) const
 void TGISLinha::AtribuirPonto(int lista, int indice, const TGISPosicao &posicao)
 {
     FPontos.Items(lista)->AtribuirPosicao(indice, Deslocamento(posicao, Posicao(), Orientacao()));
+    Mudou();
 }
 
 void TGISLinha::InserirPonto(int lista, int indice, const TGISPosicao &posicao)
 {
     FPontos.Items(lista)->Insert(indice, Deslocamento(posicao, Posicao(), Orientacao()));
+    Mudou();
 }
 
 void TGISLinha::CalcularLimites()
@@ -95,6 +99,7 @@ void TGISLinha::CalcularLimites()
         }
     }
     FLimites = algum ? Uniao(inicio, caixa) : inicio;
+    Mudou();
 }
 
 void TGISLinha::AjustarPontos(const TGISProjecao &projecao, int lista, TPoint *pontos, int ultimo) const
@@ -193,6 +198,7 @@ void TGISLinha::AjustarAoRetangulo(const TGISRet &retangulo)
         / static_cast<double>(vaoLon);
     if (sLat == 0.0 || sLon == 0.0)
         throw EZeroDivide(QStringLiteral("Divisão por zero: os limites da linha têm um vão nulo"));
+    Mudou();
     for (int i = 0; i < FPontos.Count(); ++i) {
         TGISPosicaoList &lista = *FPontos.Items(i);
         TGISPosicao *p = lista.Dados();
@@ -207,6 +213,7 @@ void TGISLinha::AjustarCentro()
     if (FLimites.Pos2.Latitude - static_cast<long long>(FLimites.Pos1.Latitude) <= 0
         || FLimites.Pos2.Longitude - static_cast<long long>(FLimites.Pos1.Longitude) <= 0)
         return;
+    const TAlteracao alteracao(*this);
     const TGISPosicao c = Centro(FLimites);
     // Cada deslocamento passa a ser contado do centro: d + (P - C), sem giro.
     const TGISPosicao p = Posicao();

@@ -172,6 +172,7 @@ bool TGISPonto::ObterValido() const
 void TGISPonto::AtribuirCor(TColor cor)
 {
     FFonte.Color = cor;
+    Mudou();
 }
 
 TColor TGISPonto::ObterCor() const
@@ -234,6 +235,7 @@ void TGISPonto::TamanhoNaTela(const TPoint &tamanho)
 {
     FTamanhoMaximo = tamanho;
     FTamanhoMinimo = tamanho;
+    Mudou();
 }
 
 void TGISPonto::Desenhar(TCanvas &canvas, const TGISProjecao &projecao, bool selecionado)

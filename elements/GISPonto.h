@@ -95,24 +95,24 @@ public:
     /// Fonte de um ponto `gisFonte` (possuída); a sua cor é a cor do ponto.
     TFont &Fonte() { return FFonte; }
     const TFont &Fonte() const { return FFonte; }
-    void AtribuirFonte(const TFont &fonte) { FFonte.Assign(fonte); }
+    void AtribuirFonte(const TFont &fonte) { FFonte.Assign(fonte); Mudou(); }
     /// Caractere escrito por um ponto `gisFonte` (código 0 por padrão, escrito como está).
     QChar Letra() const { return FLetra; }
-    void AtribuirLetra(QChar letra) { FLetra = letra; }
+    void AtribuirLetra(QChar letra) { FLetra = letra; Mudou(); }
     /// Índice na tabela de símbolos de um ponto `gisSimbolo`; negativo quando não há.
     std::int32_t Simbolo() const { return FSimbolo; }
-    void AtribuirSimbolo(std::int32_t simbolo) { FSimbolo = simbolo; }
+    void AtribuirSimbolo(std::int32_t simbolo) { FSimbolo = simbolo; Mudou(); }
     TForma Forma() const { return FForma; }
-    void AtribuirForma(TForma forma) { FForma = forma; }
+    void AtribuirForma(TForma forma) { FForma = forma; Mudou(); }
     /// Maior tamanho na tela, em pixels (x largura, y altura).
     TPoint TamanhoMaximo() const { return FTamanhoMaximo; }
-    void AtribuirTamanhoMaximo(const TPoint &t) { FTamanhoMaximo = t; }
+    void AtribuirTamanhoMaximo(const TPoint &t) { FTamanhoMaximo = t; Mudou(); }
     /// Menor tamanho na tela, em pixels.
     TPoint TamanhoMinimo() const { return FTamanhoMinimo; }
-    void AtribuirTamanhoMinimo(const TPoint &t) { FTamanhoMinimo = t; }
+    void AtribuirTamanhoMinimo(const TPoint &t) { FTamanhoMinimo = t; Mudou(); }
     /// Tamanho no mundo, em segundos de arco (latitude, longitude).
     TGISPosicao TamanhoNoMundo() const { return FTamanhoNoMundo; }
-    void AtribuirTamanhoNoMundo(const TGISPosicao &t) { FTamanhoNoMundo = t; }
+    void AtribuirTamanhoNoMundo(const TGISPosicao &t) { FTamanhoNoMundo = t; Mudou(); }
     /// O retângulo do mundo do último leiaute; (0, 0, 0, 0) até o primeiro.
     TGISRet AreaDesenho() const { return FAreaDesenho; }
 

@@ -39,6 +39,7 @@ bool TGISTexto::ObterValido() const
 void TGISTexto::AtribuirCor(TColor cor)
 {
     FFonte.Color = cor;
+    Mudou();
 }
 
 TColor TGISTexto::ObterCor() const

@@ -70,18 +70,18 @@ public:
     /// Fonte do texto (possuída); a sua cor é a cor do texto.
     TFont &Fonte() { return FFonte; }
     const TFont &Fonte() const { return FFonte; }
-    void AtribuirFonte(const TFont &fonte) { FFonte.Assign(fonte); }
+    void AtribuirFonte(const TFont &fonte) { FFonte.Assign(fonte); Mudou(); }
     QString Texto() const { return FTexto; }
-    void AtribuirTexto(const QString &texto) { FTexto = texto; }
+    void AtribuirTexto(const QString &texto) { FTexto = texto; Mudou(); }
     /// 0 esquerda, 1 direita, 2 centro, em relação à posição.
     std::uint8_t AlinhamentoHorizontal() const { return FAlinhamentoHorizontal; }
-    void AtribuirAlinhamentoHorizontal(std::uint8_t a) { FAlinhamentoHorizontal = a; }
+    void AtribuirAlinhamentoHorizontal(std::uint8_t a) { FAlinhamentoHorizontal = a; Mudou(); }
     /// 0 a posição embaixo da extensão, 1 em cima, 2 no meio (e ver `BandeirasDeAlinhamento`).
     std::uint8_t AlinhamentoVertical() const { return FAlinhamentoVertical; }
-    void AtribuirAlinhamentoVertical(std::uint8_t a) { FAlinhamentoVertical = a; }
+    void AtribuirAlinhamentoVertical(std::uint8_t a) { FAlinhamentoVertical = a; Mudou(); }
     /// Graus inteiros somados à orientação ao desenhar.
     std::int32_t GiroAdicional() const { return FGiroAdicional; }
-    void AtribuirGiroAdicional(std::int32_t graus) { FGiroAdicional = graus; }
+    void AtribuirGiroAdicional(std::int32_t graus) { FGiroAdicional = graus; Mudou(); }
 
 private:
     TFont FFonte;
