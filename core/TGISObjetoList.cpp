@@ -43,8 +43,8 @@ QStringList Padroes(const QString &filtro)
 
 bool Casa(const QString &padrao, const QString &nome)
 {
-    const QRegularExpression re(QRegularExpression::wildcardToRegularExpression(
-                                    padrao, QRegularExpression::UnanchoredWildcardConversion),
+    // O padrão casa com o nome inteiro ("*.shp" não casa com "rio.shp.bak").
+    const QRegularExpression re(QRegularExpression::wildcardToRegularExpression(padrao),
                                 QRegularExpression::CaseInsensitiveOption);
     return re.match(nome).hasMatch();
 }

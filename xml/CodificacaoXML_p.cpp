@@ -325,10 +325,4 @@ QByteArray CodificarDocumento(const QStringList &linhas, const QString &cabecalh
     return bytes;
 }
 
-QString &PastaDoDocumento()
-{
-    static QString pasta;
-    return pasta;
-}
-
 } // namespace tavru::xmlp
