@@ -116,7 +116,18 @@ public:
     virtual void Desenhar();
     /// Desenha os objetos da camada que caem na tela (e só se ela está visível) e depois os
     /// rótulos deles, de modo que nenhum objeto cubra um rótulo da própria camada.
-    void DesenharCamada(TGISCamada &camada, TCanvas &canvas, TGISProjecao &projecao);
+    ///
+    /// Guarda o seu rascunho (os rótulos do quadro) no contexto do canvas e não muda o controle:
+    /// duas camadas diferentes podem ser desenhadas ao mesmo tempo em dois canvas, com duas cópias
+    /// da projeção (`TGISProjecao::Duplicar`), enquanto a interface não mexe no controle nem nas
+    /// camadas. Escreve no modelo só o que o desenho de sempre escreve: a área de desenho de cada
+    /// ponto desenhado (sem aviso) e, com `TabelaDeCores`, as cores da tabela nos objetos
+    /// desenhados (com aviso, só quando uma cor muda). Quem desenha fora da linha da interface
+    /// chama antes `AplicarTabelaDeCores` na linha da interface.
+    void DesenharCamada(TGISCamada &camada, TCanvas &canvas, const TGISProjecao &projecao);
+    /// Aplica a tabela de cores (quando há) a cada objeto da camada com índice de cor dentro
+    /// dela, como o desenho faz; depois disso o desenho não muda cor alguma. Extensão.
+    void AplicarTabelaDeCores(TGISCamada &camada);
     /// Põe a seta no objeto selecionado e o desenha por cima, hachurado na cor da seta.
     void DesenharObjetoSelecionado();
     /// O canvas do buffer de desenho. As ferramentas desenham nele as suas prévias.

@@ -6,6 +6,8 @@
 #include <tavru/companions/components/TTabelaDeCores.h>
 #include <tavru/companions/symbology/TTabelaDeSimbolos.h>
 
+#include <tavru/platform/TCanvas.h>
+
 #include <QPointer>
 
 namespace tavru {
@@ -16,6 +18,12 @@ QPointer<TTabelaDeSimbolos> &TabelaSimbolos()
     static QPointer<TTabelaDeSimbolos> tabela;
     return tabela;
 }
+/// A tabela de símbolos dada a um canvas, no contexto de desenho dele.
+struct TTabelaDoCanvas
+{
+    QPointer<TTabelaDeSimbolos> Tabela;
+    bool Dada = false;
+};
 } // namespace
 
 TGISObjeto::TGISObjeto() = default;
@@ -144,6 +152,19 @@ TTabelaDeSimbolos *TGISObjeto::ObterTabelaSimbolos()
 void TGISObjeto::AtribuirTabelaSimbolos(TTabelaDeSimbolos *tabela)
 {
     TabelaSimbolos() = tabela;
+}
+
+TTabelaDeSimbolos *TGISObjeto::ObterTabelaSimbolos(TCanvas &canvas)
+{
+    const TTabelaDoCanvas &t = canvas.Contexto().Obter<TTabelaDoCanvas>();
+    return t.Dada ? t.Tabela.data() : ObterTabelaSimbolos();
+}
+
+void TGISObjeto::AtribuirTabelaSimbolos(TCanvas &canvas, TTabelaDeSimbolos *tabela)
+{
+    TTabelaDoCanvas &t = canvas.Contexto().Obter<TTabelaDoCanvas>();
+    t.Tabela = tabela;
+    t.Dada = true;
 }
 
 } // namespace tavru

@@ -37,7 +37,9 @@ class TTabelaDeSimbolos;
 /// posição (0, 0), orientação 0.0 (radianos, anti-horária).
 ///
 /// Uma tabela de símbolos é compartilhada pela classe toda (`ObterTabelaSimbolos`); o controle do
-/// mapa a entrega antes de desenhar. Ela é esquecida sozinha quando é destruída.
+/// mapa a entrega antes de desenhar. Ela é esquecida sozinha quando é destruída. O desenho usa a
+/// tabela dada ao canvas em que desenha, quando há uma (`AtribuirTabelaSimbolos(canvas, ...)`), e
+/// só então a da classe: quem desenha fora da linha da interface dá a tabela ao seu canvas.
 ///
 /// **Avisos.** O objeto sabe a lista que o possui (`Lista`: posta ao entrar numa
 /// `TGISObjetoList`, tirada ao sair dela e antes de a lista liberá-lo). Toda mudança de extensão ou
@@ -146,6 +148,11 @@ public:
     static TTabelaDeSimbolos *ObterTabelaSimbolos();
     /// Troca a tabela compartilhada (não possuída; esquecida sozinha quando destruída).
     static void AtribuirTabelaSimbolos(TTabelaDeSimbolos *tabela);
+    /// A tabela do desenho em `canvas`: a dada ao canvas, se foi dada uma (mesmo nula), senão a da
+    /// classe.
+    static TTabelaDeSimbolos *ObterTabelaSimbolos(TCanvas &canvas);
+    /// Dá ao canvas a sua tabela (não possuída; esquecida quando destruída). Extensão.
+    static void AtribuirTabelaSimbolos(TCanvas &canvas, TTabelaDeSimbolos *tabela);
 
 protected:
     /// Junta os avisos de uma operação num só: enquanto houver uma `TAlteracao` viva no objeto,

@@ -119,10 +119,11 @@ public:
     /// Liga ou desliga o carimbo das figuras para todos os pontos (ligado por padrão).
     static void AtribuirUsarCarimbo(bool usar);
     static bool UsarCarimbo();
-    /// Esvazia o cache de carimbos (as imagens das figuras já desenhadas).
-    static void LimparCarimbos();
-    /// Quantos carimbos o cache guarda agora.
-    static int TotalDeCarimbos();
+    /// Esvazia o cache de carimbos do canvas (as imagens das figuras já desenhadas nele; cada
+    /// canvas tem o seu, no contexto de desenho).
+    static void LimparCarimbos(TCanvas &canvas);
+    /// Quantos carimbos o cache do canvas guarda agora.
+    static int TotalDeCarimbos(TCanvas &canvas);
 
 protected:
     /// Desenha a figura `Forma` no retângulo `r` com a caneta e o pincel que o canvas já tem

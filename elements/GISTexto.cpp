@@ -15,13 +15,14 @@ namespace {
 
 constexpr double Pi = 3.14159265358979323846;
 
-/// O canvas de medida que faz as vezes do canvas do formulário principal: sem imagem, só mede
-/// texto, e guarda a última fonte posta nele. Nulo sem aplicação gráfica.
+/// O canvas de medida: sem imagem, só mede texto, e guarda a última fonte posta nele. Um por
+/// linha de execução, porque a extensão do texto é pedida também por quem desenha fora da linha
+/// da interface. Nulo sem aplicação gráfica.
 TCanvas *CanvasDaAplicacao()
 {
     if (!qobject_cast<QGuiApplication *>(QCoreApplication::instance()))
         return nullptr;
-    static TCanvas canvas;
+    thread_local TCanvas canvas;
     return &canvas;
 }
 
