@@ -79,9 +79,8 @@ public:
     /// Evento simples (só quem o levanta).
     using TNotifyEvent = std::function<void(QObject *sender)>;
 
-    /// Cria, nesta ordem: a seta, as referências vazias, `Rotulos`, a fonte dos rótulos, o buffer,
-    /// a lista de camadas, o pincel, a caneta, os eventos vazios, a projeção Mercator e a lista de
-    /// ferramentas.
+    /// Cria o controle com a seta, `Rotulos` vazio, a lista de camadas vazia, as fontes, o pincel
+    /// e a caneta padrão, nenhum evento, nenhuma ferramenta e a projeção Mercator própria.
     explicit TGis(QWidget *parent = nullptr);
     /// Esquece as ferramentas, libera a seta, chama `Limpar` e libera o resto; a projeção recebida
     /// não é liberada.

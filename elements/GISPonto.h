@@ -45,8 +45,12 @@ enum TForma : std::uint8_t {
 /// com `TCanvas::Draw`. O resultado é o mesmo, pixel a pixel, do desenho direto (sem suavização,
 /// os pixels da figura são opacos e os demais transparentes). Só se carimba num canvas da classe
 /// `TCanvas` que pinta numa imagem RGB32/ARGB32: um canvas derivado (que registra chamadas, por
-/// exemplo) recebe sempre as chamadas de desenho originais. `AtribuirUsarCarimbo(false)` desliga
-/// o carimbo para a classe toda.
+/// exemplo) recebe sempre as chamadas de desenho originais. Os carimbos ficam no contexto de
+/// desenho do canvas (até 1024; passando disso o cache recomeça), não no processo.
+/// `AtribuirUsarCarimbo(false)` desliga o carimbo para a classe toda.
+///
+/// O desenho e `Pertence` escrevem no objeto a área de desenho (`AreaDesenho`), que é só um
+/// registro do último leiaute: não é avisada como mudança.
 class TAVRU_GIS_EXPORT TGISPonto : public TGISObjeto
 {
 public:

@@ -15,11 +15,11 @@ namespace tavru {
 /// `GiroAdicional`.
 ///
 /// O texto não tem tamanho no mundo: a extensão (`Area`) é medida em pixels e posta em segundos
-/// de arco como está. A medida usa "o canvas do formulário principal da aplicação", que aqui é um
-/// canvas sem imagem da biblioteca, compartilhado, que só mede texto: ele existe quando há uma
-/// aplicação gráfica (`QGuiApplication`, e um `QApplication` é uma) e mede com a `QFontMetrics` da
-/// fonte. Sem aplicação gráfica (só `QCoreApplication`, ou nenhuma) não há formulário principal e
-/// vale a regra de 12 pixels por caractere (largura 12 × comprimento, altura 12).
+/// de arco como está. A medida usa um canvas sem imagem, um por linha de execução, que só mede
+/// texto: ele existe quando há uma aplicação gráfica (`QGuiApplication`, e um `QApplication` é
+/// uma) e mede com a `QFontMetrics` da fonte. Sem aplicação gráfica (só `QCoreApplication`, ou
+/// nenhuma) não há fontes para medir e vale a regra de 12 pixels por caractere (largura
+/// 12 × comprimento, altura 12).
 ///
 /// Mantido de propósito, porque mapas guardados dependem da aparência:
 /// - a altura da extensão medida é a largura do texto (nenhuma altura de texto é usada);
