@@ -30,11 +30,12 @@ TGISObjeto::TGISObjeto() = default;
 
 TGISObjeto::~TGISObjeto()
 {
-    if (FObservadores)
-        FObservadores->Avisar(TGISAviso{gmLiberado, this, nullptr, this});
-    // Liberado direto, sem passar pela lista: ela não fica com um ponteiro para ele.
+    // Liberado direto, sem passar pela lista: ela não fica com um ponteiro para ele (e sai dela
+    // antes do aviso, para que ninguém o ache lá durante o aviso).
     if (FLista)
         FLista->Extract(this);
+    if (FObservadores)
+        FObservadores->Avisar(TGISAviso{gmLiberado, this, nullptr, this});
     LimparDependentes();
     LimparPais();
 }

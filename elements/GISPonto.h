@@ -96,7 +96,8 @@ public:
 
     // Campos.
 
-    /// Fonte de um ponto `gisFonte` (possuída); a sua cor é a cor do ponto.
+    /// Fonte de um ponto `gisFonte` (possuída); a sua cor é a cor do ponto. Mudá-la por aqui não
+    /// avisa: depois, `Mudou()` (os `Atribuir...` e `TamanhoNaTela` avisam).
     TFont &Fonte() { return FFonte; }
     const TFont &Fonte() const { return FFonte; }
     void AtribuirFonte(const TFont &fonte) { FFonte.Assign(fonte); Mudou(); }

@@ -67,7 +67,8 @@ public:
     /// 12 por caractere e 12 sem aplicação gráfica.
     void MedirTexto(int &largura, int &altura) const;
 
-    /// Fonte do texto (possuída); a sua cor é a cor do texto.
+    /// Fonte do texto (possuída); a sua cor é a cor do texto. Mudá-la por aqui não avisa: depois,
+    /// `Mudou()` (os `Atribuir...` avisam).
     TFont &Fonte() { return FFonte; }
     const TFont &Fonte() const { return FFonte; }
     void AtribuirFonte(const TFont &fonte) { FFonte.Assign(fonte); Mudou(); }
