@@ -13,9 +13,10 @@ class TGISObjeto;
 /// Ferramenta que recebe do `TGis` cada notificação de mouse, de pintura e de seleção.
 ///
 /// O controle não interpreta o mouse: entrega tudo às ferramentas registradas com
-/// `TGis::RegistrarMouseEvent`, na ordem de registro, de forma síncrona. As oito operações estão
-/// na ordem de encaixe do projeto; cada uma não faz nada até ser sobrescrita, de modo que uma
-/// ferramenta só escreve o que usa. Pontos em pixels do controle (y para baixo).
+/// `TGis::RegistrarMouseEvent`, na ordem de registro, de forma síncrona. A ordem das oito
+/// operações é a da tabela virtual, que as ferramentas compiladas contra esta versão seguem (não
+/// reordenar); cada uma não faz nada até ser sobrescrita, de modo que uma ferramenta só escreve o
+/// que usa. Pontos em pixels do controle (y para baixo).
 ///
 /// Posse: o controle guarda um ponteiro simples, sem posse e sem contagem de referências. Uma
 /// ferramenta tira o seu registro antes de ser destruída; se ela for também um `QObject`, o

@@ -32,6 +32,21 @@
 
 namespace tavru {
 
+/// Ouve a liberação do objeto selecionado (o aviso chega antes de a memória ser liberada).
+class TGis::TObservadorDaSelecao : public IGISObservador
+{
+public:
+    explicit TObservadorDaSelecao(TGis &gis) : FGis(gis) {}
+    void GISMudou(const TGISAviso &aviso) override
+    {
+        if (aviso.Mudanca == gmLiberado && aviso.Objeto == FGis.FObjetoSelecionado)
+            FGis.SelecaoLiberada();
+    }
+
+private:
+    TGis &FGis;
+};
+
 TGis::TGis(QWidget *parent)
     : QWidget(parent),
       FSeta(std::make_unique<TSeta>()),
@@ -40,7 +55,8 @@ TGis::TGis(QWidget *parent)
       FCanvasTela(std::make_unique<TCanvas>(&FTela)),
       FCamadas(std::make_unique<TGISCamadaList>()),
       FProjecaoPropria(std::make_unique<TGISProjecaoMercator>()),
-      FVigia(std::make_unique<QObject>())
+      FVigia(std::make_unique<QObject>()),
+      FObservadorDaSelecao(std::make_unique<TObservadorDaSelecao>(*this))
 {
     FProjecao = FProjecaoPropria.get();
     setMouseTracking(true);
@@ -111,7 +127,7 @@ void TGis::MoverParaTras(const QString &nome)
 void TGis::Limpar()
 {
     const bool tinhaSelecao = FObjetoSelecionado != nullptr;
-    FObjetoSelecionado = nullptr;
+    VigiarSelecao(nullptr);
     FCamadas->Clear();
     if (tinhaSelecao)
         emit ObjetoSelecionadoMudou(nullptr);
@@ -137,6 +153,7 @@ void TGis::Desenhar()
     canvas.FillRect(TRect(0, 0, largura, altura));
 
     TGISObjeto::AtribuirTabelaSimbolos(FTabelaDeSimbolos);
+    TGISObjeto::AtribuirTabelaSimbolos(canvas, FTabelaDeSimbolos);
     const double zoom = FProjecao->Zoom();
     // Sem sobreposição de rótulos, a grade vale para o desenho inteiro (todas as camadas).
     std::optional<TGradeDeRotulos> grade;
@@ -154,7 +171,31 @@ void TGis::Desenhar()
     AvisarVisao();
 }
 
-void TGis::DesenharCamada(TGISCamada &camada, TCanvas &canvas, TGISProjecao &projecao)
+namespace {
+/// Um rótulo a escrever depois dos objetos da camada.
+struct TRotuloDoQuadro
+{
+    int X = 0;
+    int Y = 0;
+    QString Texto;
+};
+/// Os rótulos de um quadro, reaproveitados no contexto do canvas.
+struct TRotulosDoQuadro
+{
+    std::vector<TRotuloDoQuadro> Itens;
+};
+} // namespace
+
+void TGis::AplicarTabelaDeCores(TGISCamada &camada)
+{
+    if (!FTabelaDeCores)
+        return;
+    for (TGISObjeto *objeto : camada.Objetos())
+        if (objeto && objeto->IndiceCor() >= 0 && objeto->IndiceCor() < FTabelaDeCores->ObterTotal())
+            objeto->AtualizarCores(*FTabelaDeCores);
+}
+
+void TGis::DesenharCamada(TGISCamada &camada, TCanvas &canvas, const TGISProjecao &projecao)
 {
     std::optional<TGradeDeRotulos> grade;
     if (FRotulosSemSobreposicao)
@@ -162,24 +203,18 @@ void TGis::DesenharCamada(TGISCamada &camada, TCanvas &canvas, TGISProjecao &pro
     DesenharCamada(camada, canvas, projecao, grade ? &*grade : nullptr);
 }
 
-void TGis::DesenharCamada(TGISCamada &camada, TCanvas &canvas, TGISProjecao &projecao, TGradeDeRotulos *grade)
+void TGis::DesenharCamada(TGISCamada &camada, TCanvas &canvas, const TGISProjecao &projecao, TGradeDeRotulos *grade)
 {
     canvas.Font().Assign(FFont);
     canvas.Brush().Assign(FBrush);
     canvas.Pen().Assign(FPen);
 
-    // Uma entrada por objeto. Um objeto pulado fica com o índice 0 e o texto vazio; um desenhado
-    // sem rótulo, com -1.
-    struct TEntrada
-    {
-        int X = 0;
-        int Y = 0;
-        int Indice = 0;
-        QString Texto;
-    };
+    // Só os objetos desenhados com rótulo entram, na ordem dos índices, que é a ordem em que os
+    // rótulos são escritos.
     const TGISObjetoList &objetos = camada.Objetos();
     const int total = objetos.Count();
-    std::vector<TEntrada> entradas(static_cast<size_t>(total));
+    std::vector<TRotuloDoQuadro> &rotulos = canvas.Contexto().Obter<TRotulosDoQuadro>().Itens;
+    rotulos.clear();
 
     if (camada.Visivel()) {
         const TRect tela = projecao.AreaTela();
@@ -199,7 +234,6 @@ void TGis::DesenharCamada(TGISCamada &camada, TCanvas &canvas, TGISProjecao &pro
                 objeto->AtualizarCores(*FTabelaDeCores);
             objeto->Desenhar(canvas, projecao, false);
 
-            TEntrada &entrada = entradas[static_cast<size_t>(i)];
             if (objeto->RotuloVisivel() && objeto->Informacoes().ObterTotal() > 0) {
                 // A extensão é medida de novo depois do desenho, de propósito: um ponto (e um
                 // composto com pontos) guarda a área que acabou de desenhar.
@@ -207,34 +241,25 @@ void TGis::DesenharCamada(TGISCamada &camada, TCanvas &canvas, TGISProjecao &pro
                 const TRect referencia = ponto ? ponto->ObterAreaDesenho(projecao)
                                                : ConcertaRect(projecao.MundoParaTelaRet(objeto->Area()));
                 const TPoint ancora = Centro(referencia);
-                entrada.Texto = ObterRotulo(*objeto);
-                entrada.X = ancora.X - canvas.TextWidth(entrada.Texto) / 2;
-                entrada.Y = ancora.Y;
-                entrada.Indice = i;
-            } else {
-                entrada.Indice = -1;
+                QString texto = ObterRotulo(*objeto);
+                if (texto.isEmpty())
+                    continue;
+                const int x = ancora.X - canvas.TextWidth(texto) / 2;
+                rotulos.push_back(TRotuloDoQuadro{x, ancora.Y, std::move(texto)});
             }
         }
     }
 
-    // Os rótulos, por ordem de índice de objeto: primeiro as entradas de índice 0 (o objeto 0 e
-    // as puladas, na ordem da tabela), depois a entrada j de cada índice j. É a mesma ordem da
-    // busca índice a índice, numa passada só. Textos vazios não escrevem nada e são pulados. O
-    // alinhamento é o de esquerda e topo, qualquer que seja o que um objeto deixou no canvas.
+    // Os rótulos, por ordem de índice de objeto. O alinhamento é o de esquerda e topo, qualquer
+    // que seja o que um objeto deixou no canvas.
     const unsigned alinhamento = canvas.SetTextAlign(TA_LEFT | TA_TOP);
-    auto escrever = [&](const TEntrada &e) {
-        if (e.Texto.isEmpty())
-            return;
+    for (const TRotuloDoQuadro &r : rotulos) {
         canvas.Brush().Style = bsClear;
-        EscreverRotulo(canvas, e.X, e.Y, e.Texto, grade);
-    };
-    for (const TEntrada &e : entradas)
-        if (e.Indice == 0)
-            escrever(e);
-    for (int j = 1; j < total; ++j)
-        if (entradas[static_cast<size_t>(j)].Indice == j)
-            escrever(entradas[static_cast<size_t>(j)]);
+        EscreverRotulo(canvas, r.X, r.Y, r.Texto, grade);
+    }
     canvas.SetTextAlign(alinhamento);
+    rotulos.clear();
+    TContextoDeDesenho::Aliviar(rotulos);
 }
 
 void TGis::DesenharObjetoSelecionado()
@@ -354,7 +379,7 @@ void TGis::SelecionarObjeto(TGISObjeto *objeto)
         return;
     TGISObjeto *const anterior = FObjetoSelecionado;
     if (DoMudaObjetoSelecionado(objeto))
-        FObjetoSelecionado = objeto;
+        VigiarSelecao(objeto);
     if (FVisualizadorInformacoes) {
         if (FObjetoSelecionado)
             FVisualizadorInformacoes->AtribuirInformacoes(FObjetoSelecionado->Informacoes().Linhas());
@@ -374,6 +399,27 @@ bool TGis::DoMudaObjetoSelecionado(TGISObjeto *objeto)
     if (OnMudaObjetoSelecionado)
         OnMudaObjetoSelecionado(this, objeto, podeMudar);
     return podeMudar;
+}
+
+void TGis::VigiarSelecao(TGISObjeto *objeto)
+{
+    if (FObjetoSelecionado == objeto)
+        return;
+    if (FObjetoSelecionado)
+        FObjetoSelecionado->RemoverObservador(FObservadorDaSelecao.get());
+    FObjetoSelecionado = objeto;
+    if (objeto)
+        objeto->AdicionarObservador(FObservadorDaSelecao.get());
+}
+
+void TGis::SelecaoLiberada()
+{
+    FObjetoSelecionado = nullptr; // sem tirar o observador: o objeto já está sendo desfeito
+    FSeta->AtribuirMostrar(false);
+    if (FVisualizadorInformacoes)
+        FVisualizadorInformacoes->Limpar();
+    ParaCadaFerramenta([](IGISMouseEvent &f) { f.GISSelecionou(nullptr); });
+    emit ObjetoSelecionadoMudou(nullptr);
 }
 
 void TGis::Zerado()

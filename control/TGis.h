@@ -93,9 +93,8 @@ public:
     /// Evento simples (só quem o levanta).
     using TNotifyEvent = std::function<void(QObject *sender)>;
 
-    /// Cria, nesta ordem: a seta, as referências vazias, `Rotulos`, a fonte dos rótulos, o buffer,
-    /// a lista de camadas, o pincel, a caneta, os eventos vazios, a projeção Mercator e a lista de
-    /// ferramentas.
+    /// Cria o controle com a seta, `Rotulos` vazio, a lista de camadas vazia, as fontes, o pincel
+    /// e a caneta padrão, nenhum evento, nenhuma ferramenta e a projeção Mercator própria.
     explicit TGis(QWidget *parent = nullptr);
     /// Esquece as ferramentas, libera a seta, chama `Limpar` e libera o resto; a projeção recebida
     /// não é liberada.
@@ -130,7 +129,18 @@ public:
     virtual void Desenhar();
     /// Desenha os objetos da camada que caem na tela (e só se ela está visível) e depois os
     /// rótulos deles, de modo que nenhum objeto cubra um rótulo da própria camada.
-    void DesenharCamada(TGISCamada &camada, TCanvas &canvas, TGISProjecao &projecao);
+    ///
+    /// Guarda o seu rascunho (os rótulos do quadro) no contexto do canvas e não muda o controle:
+    /// duas camadas diferentes podem ser desenhadas ao mesmo tempo em dois canvas, com duas cópias
+    /// da projeção (`TGISProjecao::Duplicar`), enquanto a interface não mexe no controle nem nas
+    /// camadas. Escreve no modelo só o que o desenho de sempre escreve: a área de desenho de cada
+    /// ponto desenhado (sem aviso) e, com `TabelaDeCores`, as cores da tabela nos objetos
+    /// desenhados (com aviso, só quando uma cor muda). Quem desenha fora da linha da interface
+    /// chama antes `AplicarTabelaDeCores` na linha da interface.
+    void DesenharCamada(TGISCamada &camada, TCanvas &canvas, const TGISProjecao &projecao);
+    /// Aplica a tabela de cores (quando há) a cada objeto da camada com índice de cor dentro
+    /// dela, como o desenho faz; depois disso o desenho não muda cor alguma. Extensão.
+    void AplicarTabelaDeCores(TGISCamada &camada);
     /// Põe a seta no objeto selecionado e o desenha por cima, hachurado na cor da seta.
     void DesenharObjetoSelecionado();
     /// O canvas do buffer de desenho. As ferramentas desenham nele as suas prévias.
@@ -162,6 +172,11 @@ public:
 
     // Seleção.
 
+    /// O objeto selecionado, ou nulo. Nunca pendurado: quando o objeto selecionado é liberado (por
+    /// `Remove`, `Delete`, `Clear` da lista dele, pela camada que o possui, ...), o controle o
+    /// esquece sem perguntar: a seta deixa de ser mostrada, o visualizador é esvaziado e cada
+    /// ferramenta recebe `GISSelecionou(nullptr)`; nada é redesenhado (o próximo `Desenhar` mostra).
+    /// Extrair ou mover o objeto não muda a seleção.
     TGISObjeto *ObjetoSelecionado() const { return FObjetoSelecionado; }
     /// Pergunta (`DoMudaObjetoSelecionado`), seleciona se pode, entrega as informações ao
     /// visualizador, redesenha e avisa cada ferramenta com o objeto pedido, mesmo recusado. Pedir o
@@ -365,6 +380,12 @@ private:
     void ParaCadaFerramenta(const std::function<void(IGISMouseEvent &)> &acao);
     /// Ajusta a imagem da tela ao buffer sem deixar o canvas pintando numa imagem que muda.
     void CopiarBufferParaTela();
+    /// Troca o objeto selecionado, observando a liberação do novo.
+    void VigiarSelecao(TGISObjeto *objeto);
+    /// O objeto selecionado foi liberado: esquece-o sem perguntar.
+    void SelecaoLiberada();
+
+    class TObservadorDaSelecao;
 
     // Na ordem de construção.
     std::unique_ptr<TSeta> FSeta;
@@ -390,11 +411,12 @@ private:
     QSet<QObject *> FVigiados;
     TGISRet FRetanguloAjuste = GISRet(0, 0, 0, 0);
     bool FCliqueArmado = false;
+    std::unique_ptr<TObservadorDaSelecao> FObservadorDaSelecao;
 
     // Extensões: as opções da seta e dos rótulos, e o que foi avisado por último.
 
     /// Desenha a camada escrevendo os rótulos na grade dada (nula: sem teste de sobreposição).
-    void DesenharCamada(TGISCamada &camada, TCanvas &canvas, TGISProjecao &projecao, TGradeDeRotulos *grade);
+    void DesenharCamada(TGISCamada &camada, TCanvas &canvas, const TGISProjecao &projecao, TGradeDeRotulos *grade);
     /// Escreve o rótulo em (x, y) com o halo, se há; pula-o (falso) quando a grade diz que ele se
     /// sobrepõe a outro.
     bool EscreverRotulo(TCanvas &canvas, int x, int y, const QString &texto, TGradeDeRotulos *grade);

@@ -1,7 +1,8 @@
 #pragma once
 /// \file
-/// O arredondamento do projeto: ao inteiro mais próximo, empates para o par; e a volta de contas
-/// de 64 bits à faixa das coordenadas de 32.
+/// O arredondamento das coordenadas: ao inteiro mais próximo, empates para o par (o mesmo em
+/// todas as conversões, para que gravar e ler de novo dê o mesmo inteiro); e a volta de contas de
+/// 64 bits à faixa das coordenadas de 32.
 
 #include <algorithm>
 #include <climits>

@@ -14,19 +14,28 @@ void TGISCamada::AtribuirCor(TColor cor)
     FCor = cor;
     if (!FCorAtribuida)
         return;
-    for (TGISObjeto *o : FObjetos)
-        if (o)
-            o->AtribuirCor(cor);
+    FObjetos.IniciarLote();
+    try {
+        for (TGISObjeto *o : FObjetos)
+            if (o)
+                o->AtribuirCor(cor);
+    } catch (...) {
+        FObjetos.TerminarLote();
+        throw;
+    }
+    FObjetos.TerminarLote();
 }
 
 void TGISCamada::Visibilidade(bool visivel, bool rotuloVisivel)
 {
+    FObjetos.IniciarLote();
     for (TGISObjeto *o : FObjetos) {
         if (!o)
             continue;
         o->AtribuirVisivel(visivel);
         o->AtribuirRotuloVisivel(rotuloVisivel);
     }
+    FObjetos.TerminarLote();
 }
 
 QString TGISCamada::ObterProximoNome(const QString &prefixo) const
@@ -60,8 +69,15 @@ int TGISCamada::ObterIndiceObjeto(const TGISObjeto *objeto) const
 void TGISCamada::InverterOrdem()
 {
     const int total = FObjetos.Count();
-    for (int i = 0; i <= total / 2; ++i)
-        FObjetos.Exchange(i, total - 1 - i);
+    FObjetos.IniciarLote();
+    try {
+        for (int i = 0; i <= total / 2; ++i)
+            FObjetos.Exchange(i, total - 1 - i);
+    } catch (...) {
+        FObjetos.TerminarLote(); // a camada vazia levanta, de propósito, sem ter mudado
+        throw;
+    }
+    FObjetos.TerminarLote();
 }
 
 } // namespace tavru

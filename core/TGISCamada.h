@@ -40,6 +40,10 @@ public:
     /// Os objetos da camada, na ordem de desenho.
     TGISObjetoList &Objetos() { return FObjetos; }
     const TGISObjetoList &Objetos() const { return FObjetos; }
+    /// O contador de mudanças da camada: cresce a cada aviso da lista de objetos dela (objetos que
+    /// entram, saem, mudam de lugar ou mudam pela API; um lote conta um). Quem guarda algo
+    /// derivado da camada compara o contador para saber se ainda vale.
+    std::uint64_t ContadorDeMudancas() const { return FObjetos.ContadorDeMudancas(); }
     bool Visivel() const { return FVisivel; }
     void AtribuirVisivel(bool visivel) { FVisivel = visivel; }
     double ZoomMinimo() const { return FZoomMinimo; }
@@ -51,11 +55,11 @@ public:
     TColor Cor() const { return FCor; }
     /// Se a camada tem cor (`Cor` diferente de -1).
     bool CorAtribuida() const { return FCorAtribuida; }
-    /// Guarda a cor e, quando não é -1, a aplica a cada objeto, em ordem (`AtribuirCor`). -1 tira
-    /// a cor da camada sem mudar objeto algum.
+    /// Guarda a cor e, quando não é -1, a aplica a cada objeto, em ordem (`AtribuirCor`), num lote
+    /// só. -1 tira a cor da camada sem mudar objeto algum.
     void AtribuirCor(TColor cor);
 
-    /// Põe `Visivel` de cada objeto em `visivel` e `RotuloVisivel` em `rotuloVisivel`.
+    /// Põe `Visivel` de cada objeto em `visivel` e `RotuloVisivel` em `rotuloVisivel`, num lote só.
     void Visibilidade(bool visivel, bool rotuloVisivel);
     /// O primeiro nome `prefixo` + n (n = 1, 2, ..., com três dígitos: "Ponto001") que nenhum
     /// objeto da camada tem no campo de informação "Nome".
@@ -69,7 +73,7 @@ public:
     /// Para i de 0 até Count div 2, inclusive, troca os objetos i e Count - 1 - i (sem liberar).
     /// O limite é mantido assim de propósito: uma contagem ímpar é invertida toda, uma par deixa
     /// o par do meio na ordem de antes (o último passo o desfaz), e uma camada vazia levanta
-    /// `EListError`.
+    /// `EListError`. As trocas são avisadas num lote só.
     void InverterOrdem();
 
 private:

@@ -2,6 +2,33 @@
 
 namespace tavru {
 
+TGISCamadaList::~TGISCamadaList()
+{
+    FCalada = true;
+    TObjectList<TGISCamada>::Clear();
+}
+
+void TGISCamadaList::Clear()
+{
+    FCalada = true;
+    try {
+        TObjectList<TGISCamada>::Clear();
+    } catch (...) {
+        FCalada = false;
+        throw;
+    }
+    FCalada = false;
+    FObservadores.Avisar(TGISAviso{gmLote, nullptr, nullptr, this});
+}
+
+void TGISCamadaList::Notificar(TGISCamada *camada, TAcaoDeLista acao)
+{
+    if (FCalada || FObservadores.Vazio())
+        return;
+    static constexpr TGISMudanca mudancas[] = {gmIncluido, gmExtraido, gmLiberado, gmMovido};
+    FObservadores.Avisar(TGISAviso{mudancas[acao], nullptr, camada, this});
+}
+
 int TGISCamadaList::Add(TGISCamada *camada)
 {
     const int indice = IndexOf(camada);

@@ -4,6 +4,7 @@
 
 #include <tavru/companions/components/TInformacoes.h>
 #include <tavru/companions/geodesy/GISPosicao.h>
+#include <tavru/core/IGISObservador.h>
 #include <tavru/core/TClasseObjeto.h>
 #include <tavru/platform/Exportacao.h>
 #include <tavru/platform/TColor.h>
@@ -12,10 +13,13 @@
 #include <tavru/platform/TPoint.h>
 
 #include <cstdint>
+#include <memory>
 
 namespace tavru {
 
 class TCanvas;
+class TGISObjetoList;
+class TGISObservadores;
 class TGISProjecao;
 class TTabelaDeCores;
 class TTabelaDeSimbolos;
@@ -33,7 +37,20 @@ class TTabelaDeSimbolos;
 /// posição (0, 0), orientação 0.0 (radianos, anti-horária).
 ///
 /// Uma tabela de símbolos é compartilhada pela classe toda (`ObterTabelaSimbolos`); o controle do
-/// mapa a entrega antes de desenhar. Ela é esquecida sozinha quando é destruída.
+/// mapa a entrega antes de desenhar. Ela é esquecida sozinha quando é destruída. O desenho usa a
+/// tabela dada ao canvas em que desenha, quando há uma (`AtribuirTabelaSimbolos(canvas, ...)`), e
+/// só então a da classe: quem desenha fora da linha da interface dá a tabela ao seu canvas.
+///
+/// **Avisos.** O objeto sabe a lista que o possui (`Lista`: posta ao entrar numa
+/// `TGISObjetoList`, tirada ao sair dela e antes de a lista liberá-lo). Toda mudança de extensão ou
+/// de aparência feita pela API avisa, uma vez por chamada, os observadores do objeto e os da lista
+/// dele com `gmAlterado`: `AtribuirPosicao` (e cada dependente avisa por si ao segui-la),
+/// `AtribuirOrientacao`, `AtribuirCaneta`, `AtribuirIndiceCor`, `AtribuirInformacoes`,
+/// `AtribuirVisivel`, `AtribuirRotuloVisivel`, `AtribuirCor` e os `Atribuir...`, `Calcular...`,
+/// `Inserir...` e `Ajustar...` das subclasses. `Codigo` e `Referencia` não avisam. Quem muda o
+/// objeto por trás da API (pelas referências `Caneta()`, `Informacoes()`, `Pontos()`, `Fonte()`,
+/// `Pincel()`) chama `Mudou()` depois. Na destruição os observadores do objeto recebem
+/// `gmLiberado`.
 class TAVRU_GIS_EXPORT TGISObjeto
 {
 public:
@@ -43,7 +60,8 @@ public:
     TGISObjeto(const TGISObjeto &) = delete;
     TGISObjeto &operator=(const TGISObjeto &) = delete;
 
-    // Operações virtuais, na ordem dos encaixes do projeto.
+    // Operações virtuais. A ordem das declarações é a da tabela virtual, que as subclasses e os
+    // hospedeiros compilados contra esta versão seguem: não reordenar.
 
     /// Guarda a posição e leva os dependentes para ela (`AtualizarDependentes`).
     virtual void AtribuirPosicao(const TGISPosicao &p);
@@ -74,22 +92,22 @@ public:
 
     TPen &Caneta() { return FCaneta; }
     const TPen &Caneta() const { return FCaneta; }
-    void AtribuirCaneta(const TPen &caneta) { FCaneta.Assign(caneta); }
+    void AtribuirCaneta(const TPen &caneta) { FCaneta.Assign(caneta); Mudou(); }
     /// Índice na tabela de cores; -1 quando não há.
     std::int32_t IndiceCor() const { return FIndiceCor; }
-    void AtribuirIndiceCor(std::int32_t indice) { FIndiceCor = indice; }
+    void AtribuirIndiceCor(std::int32_t indice) { FIndiceCor = indice; Mudou(); }
     TInformacoes &Informacoes() { return FInformacoes; }
     const TInformacoes &Informacoes() const { return FInformacoes; }
-    void AtribuirInformacoes(const TInformacoes &informacoes) { FInformacoes.Assign(informacoes); }
+    void AtribuirInformacoes(const TInformacoes &informacoes) { FInformacoes.Assign(informacoes); Mudou(); }
     /// Referência reservada: nula por padrão; o núcleo não a usa nem a libera.
     void *Referencia() const { return FReferencia; }
     void AtribuirReferencia(void *referencia) { FReferencia = referencia; }
     std::uint32_t Codigo() const { return FCodigo; }
     void AtribuirCodigo(std::uint32_t codigo) { FCodigo = codigo; }
     bool Visivel() const { return FVisivel; }
-    void AtribuirVisivel(bool visivel) { FVisivel = visivel; }
+    void AtribuirVisivel(bool visivel) { FVisivel = visivel; Mudou(); }
     bool RotuloVisivel() const { return FRotuloVisivel; }
-    void AtribuirRotuloVisivel(bool visivel) { FRotuloVisivel = visivel; }
+    void AtribuirRotuloVisivel(bool visivel) { FRotuloVisivel = visivel; Mudou(); }
     TGISPosicao Posicao() const { return FPosicao; }
     double Orientacao() const { return FOrientacao; }
     /// Objetos que seguem a posição deste, na ordem em que foram incluídos (não possuídos).
@@ -112,14 +130,48 @@ public:
     /// Pede a cada pai, do último ao primeiro, que desfaça a ligação com este objeto.
     void LimparPais();
 
+    // Avisos.
+
+    /// A lista que possui o objeto, ou nula (solto, ou extraído).
+    TGISObjetoList *Lista() const { return FLista; }
+    /// "Mudou": avisa `gmAlterado` aos observadores do objeto e aos da lista dele. É o que o
+    /// hospedeiro chama depois de mudar o objeto por uma referência (`Caneta()`, `Pontos()`, ...).
+    /// Dentro de uma operação que avisa, junta-se ao aviso único dela.
+    void Mudou();
+    /// Acrescenta um observador do objeto (não possuído; uma vez só).
+    void AdicionarObservador(IGISObservador *observador);
+    void RemoverObservador(IGISObservador *observador);
+
     // Tabela de símbolos da classe.
 
     /// A tabela de símbolos compartilhada por todos os objetos, ou nula.
     static TTabelaDeSimbolos *ObterTabelaSimbolos();
     /// Troca a tabela compartilhada (não possuída; esquecida sozinha quando destruída).
     static void AtribuirTabelaSimbolos(TTabelaDeSimbolos *tabela);
+    /// A tabela do desenho em `canvas`: a dada ao canvas, se foi dada uma (mesmo nula), senão a da
+    /// classe.
+    static TTabelaDeSimbolos *ObterTabelaSimbolos(TCanvas &canvas);
+    /// Dá ao canvas a sua tabela (não possuída; esquecida quando destruída). Extensão.
+    static void AtribuirTabelaSimbolos(TCanvas &canvas, TTabelaDeSimbolos *tabela);
+
+protected:
+    /// Junta os avisos de uma operação num só: enquanto houver uma `TAlteracao` viva no objeto,
+    /// `Mudou` só anota; a última a terminar avisa uma vez, se algo foi anotado.
+    class TAVRU_GIS_EXPORT TAlteracao
+    {
+    public:
+        explicit TAlteracao(TGISObjeto &objeto) : FObjeto(objeto) { ++FObjeto.FAlterando; }
+        ~TAlteracao();
+        TAlteracao(const TAlteracao &) = delete;
+        TAlteracao &operator=(const TAlteracao &) = delete;
+
+    private:
+        TGISObjeto &FObjeto;
+    };
 
 private:
+    friend class TGISObjetoList;
+
     TPen FCaneta;
     std::int32_t FIndiceCor = -1;
     TInformacoes FInformacoes;
@@ -131,7 +183,11 @@ private:
     TObjectList<TGISObjeto> FDependentes{false};
     TObjectList<TGISObjeto> FPais{false};
     double FOrientacao = 0.0;
+    TGISObjetoList *FLista = nullptr;
+    std::unique_ptr<TGISObservadores> FObservadores;
+    int FAlterando = 0;
     bool FAtualizando = false;
+    bool FMudouPendente = false;
 };
 
 } // namespace tavru

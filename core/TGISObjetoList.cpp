@@ -4,7 +4,12 @@
 #include <tavru/core/TGISTratadorDeArquivo.h>
 #include <tavru/platform/Exception.h>
 
+#include <QFile>
+#include <QFileInfo>
+#include <QRegularExpression>
+#include <QtGlobal>
 #include <algorithm>
+#include <memory>
 
 namespace tavru {
 
@@ -13,6 +18,35 @@ std::vector<TRegistro> &Registro()
 {
     static std::vector<TRegistro> registro;
     return registro;
+}
+
+QStringList &Falhas()
+{
+    static QStringList falhas;
+    return falhas;
+}
+
+/// Os padrões de um filtro "Descrição (*.a;*.b)|*.a;*.b": os que vêm depois da primeira barra
+/// (o filtro inteiro, quando não tem barra).
+QStringList Padroes(const QString &filtro)
+{
+    const qsizetype barra = filtro.indexOf(QLatin1Char('|'));
+    QString lista = barra < 0 ? filtro : filtro.mid(barra + 1);
+    const qsizetype outra = lista.indexOf(QLatin1Char('|'));
+    if (outra >= 0)
+        lista.truncate(outra);
+    QStringList padroes;
+    for (const QString &p : lista.split(QLatin1Char(';'), Qt::SkipEmptyParts))
+        padroes += p.trimmed();
+    return padroes;
+}
+
+bool Casa(const QString &padrao, const QString &nome)
+{
+    // O padrão casa com o nome inteiro ("*.shp" não casa com "rio.shp.bak").
+    const QRegularExpression re(QRegularExpression::wildcardToRegularExpression(padrao),
+                                QRegularExpression::CaseInsensitiveOption);
+    return re.match(nome).hasMatch();
 }
 
 const TRegistro *EntradaDoTipo(const QString &tipo)
@@ -48,6 +82,69 @@ QString FiltroCompleto(bool leitura)
 }
 } // namespace
 
+TGISObjetoList::~TGISObjetoList()
+{
+    FObjetoDono = nullptr;
+    ++FLote; // ninguém é avisado da destruição
+    TObjectList<TGISObjeto>::Clear();
+}
+
+void TGISObjetoList::Clear()
+{
+    IniciarLote();
+    TObjectList<TGISObjeto>::Clear();
+    TerminarLote();
+}
+
+void TGISObjetoList::IniciarLote()
+{
+    ++FLote;
+}
+
+void TGISObjetoList::TerminarLote()
+{
+    if (FLote > 0 && --FLote == 0 && FLotePendente) {
+        FLotePendente = false;
+        Avisar(gmLote, nullptr);
+    }
+}
+
+void TGISObjetoList::AvisarAlteracao(TGISObjeto *objeto)
+{
+    Avisar(gmAlterado, objeto);
+}
+
+void TGISObjetoList::Notificar(TGISObjeto *objeto, TAcaoDeLista acao)
+{
+    TGISMudanca mudanca = gmIncluido;
+    switch (acao) {
+    case laIncluido: mudanca = gmIncluido; break;
+    case laExtraido: mudanca = gmExtraido; break;
+    case laLiberando: mudanca = gmLiberado; break;
+    case laMovido: mudanca = gmMovido; break;
+    }
+    if (objeto) {
+        if (acao == laIncluido)
+            objeto->FLista = this;
+        else if ((acao == laExtraido || acao == laLiberando) && objeto->FLista == this)
+            objeto->FLista = nullptr;
+    }
+    Avisar(mudanca, objeto);
+}
+
+void TGISObjetoList::Avisar(TGISMudanca mudanca, TGISObjeto *objeto)
+{
+    if (FLote > 0) {
+        FLotePendente = true;
+        return;
+    }
+    FContador.fetch_add(1, std::memory_order_relaxed);
+    if (!FObservadores.Vazio())
+        FObservadores.Avisar(TGISAviso{mudanca, objeto, nullptr, this});
+    if (FObjetoDono)
+        FObjetoDono->Mudou();
+}
+
 void TGISObjetoList::CalcularLimites()
 {
     // Posições vazias (nulas) são puladas; sem elas, é a conta de sempre: o item 0 duas vezes.
@@ -76,10 +173,24 @@ TGISObjeto *TGISObjetoList::ObterObjeto(const QString &campo, const QString &val
 
 bool TGISObjetoList::Ler(const QString &nomeArquivo, const QString &tipo)
 {
+    return Ler(nomeArquivo, tipo, QVariantMap());
+}
+
+bool TGISObjetoList::Ler(const QString &nomeArquivo, const QString &tipo, const QVariantMap &opcoes)
+{
     const TClasseTratador *classe = nullptr;
     if (!ObterRefClassPeloTipo(tipo, classe))
         return false;
-    classe->Criar(*this)->Ler(nomeArquivo);
+    const auto tratador = classe->Criar(*this);
+    tratador->AtribuirOpcoes(opcoes);
+    IniciarLote();
+    try {
+        tratador->Ler(nomeArquivo);
+    } catch (...) {
+        TerminarLote(); // o que já foi lido fica, e quem observa fica sabendo
+        throw;
+    }
+    TerminarLote();
     FNomeArquivo = nomeArquivo;
     return true;
 }
@@ -145,6 +256,48 @@ QString TGISObjetoList::ObterTipoPelaExtencao(const QString &extensao, bool leit
         if (Filtro(r, leitura).toLower().contains(ext))
             return r.Tipo;
     return QString();
+}
+
+QString TGISObjetoList::ObterTipoPeloArquivo(const QString &nomeArquivo, bool leitura)
+{
+    const QString nome = QFileInfo(nomeArquivo).fileName();
+    std::vector<const TRegistro *> candidatos;
+    for (const TRegistro &r : Registro()) {
+        const QStringList padroes = Padroes(Filtro(r, leitura));
+        if (std::any_of(padroes.begin(), padroes.end(), [&nome](const QString &p) { return Casa(p, nome); }))
+            candidatos.push_back(&r);
+    }
+    if (candidatos.empty())
+        return QString();
+    if (candidatos.size() > 1) {
+        QFile arquivo(nomeArquivo);
+        if (arquivo.open(QIODevice::ReadOnly)) {
+            TGISObjetoList rascunho; // o tratador pede uma lista; esta nunca recebe nada
+            for (const TRegistro *r : candidatos) {
+                if (!arquivo.seek(0))
+                    break;
+                bool reconhece = false;
+                try {
+                    reconhece = r->Classe->Criar(rascunho)->Reconhece(arquivo);
+                } catch (const std::exception &) {
+                    // Um tratador que falha ao olhar o arquivo não o reconhece.
+                }
+                if (reconhece)
+                    return r->Tipo;
+            }
+        }
+    }
+    return candidatos.front()->Tipo;
+}
+
+QStringList TGISObjetoList::FalhasDeRegistro()
+{
+    return Falhas();
+}
+
+void TGISObjetoList::AnotarFalhaDeRegistro(const QString &mensagem)
+{
+    Falhas() += mensagem;
 }
 
 void TGISObjetoList::LimparRegistro()

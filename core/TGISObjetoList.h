@@ -5,11 +5,16 @@
 #include <tavru/core/TClasseTratador.h>
 #include <tavru/companions/geodesy/GISPosicao.h>
 #include <tavru/core/TGISObjeto.h>
+#include <tavru/core/TGISObservadores.h>
 #include <tavru/core/TRegistro.h>
 #include <tavru/platform/Exportacao.h>
 #include <tavru/platform/TObjectList.h>
 
 #include <QString>
+#include <QStringList>
+#include <QVariantMap>
+#include <atomic>
+#include <cstdint>
 #include <vector>
 
 namespace tavru {
@@ -23,10 +28,44 @@ namespace tavru {
 /// registro, com nomes de tipo únicos, criada na primeira vez que é usada e desfeita na descarga
 /// da biblioteca. Os tratadores se registram na carga da biblioteca deles (`TRegistraTratador`).
 /// Tudo roda na linha de execução da interface; não há travas.
+///
+/// **Avisos.** A lista avisa os seus observadores (`AdicionarObservador`), uma vez por chamada e
+/// com o objeto: `gmIncluido` em `Add`, `Insert` e `AtribuirGISObjeto`; `gmExtraido` em
+/// `Extract`; `gmLiberado` em `Remove`, `Delete` e `AtribuirGISObjeto` (o objeto que sai, antes
+/// de ser liberado); `gmMovido` em `Move` e `Exchange`; e `gmAlterado` quando um objeto dela muda
+/// pela API (ver `TGISObjeto`). `AtribuirGISObjeto` que troca um objeto avisa a saída e a
+/// entrada. `Ler` e `Clear` mandam um único `gmLote` no fim (nenhum, se nada mudou), e
+/// `IniciarLote`/`TerminarLote` fazem o mesmo para um hospedeiro. Cada aviso soma um em `ContadorDeMudancas`. A lista de
+/// membros de um composto também leva cada aviso ao composto (`Mudou` dele), e assim à camada.
+/// O dono de cada objeto (`TGISObjeto::Lista`) é posto na entrada e tirado na saída, antes de o
+/// objeto ser liberado, inclusive na destruição da lista (que não avisa ninguém).
 class TAVRU_GIS_EXPORT TGISObjetoList : public TObjectList<TGISObjeto>
 {
 public:
     TGISObjetoList() : TObjectList<TGISObjeto>(true) {}
+    /// Libera os objetos sem avisar ninguém (os donos deles são tirados antes).
+    ~TGISObjetoList() override;
+
+    /// Esvazia a lista, liberando os objetos, com um só aviso `gmLote` no fim.
+    void Clear() override;
+
+    // Avisos.
+
+    void AdicionarObservador(IGISObservador *observador) { FObservadores.Adicionar(observador); }
+    void RemoverObservador(IGISObservador *observador) { FObservadores.Remover(observador); }
+    /// Quantos avisos a lista já deu (um lote conta um); só cresce. Pode ser lido de outra linha
+    /// de execução.
+    std::uint64_t ContadorDeMudancas() const { return FContador.load(std::memory_order_relaxed); }
+    /// Começa um lote: até o `TerminarLote` correspondente (aninhável), nada é avisado; no fim,
+    /// um `gmLote` só.
+    void IniciarLote();
+    void TerminarLote();
+    /// O objeto cujos membros esta lista guarda (um composto), avisado de cada mudança dela; nulo
+    /// numa lista de camada.
+    TGISObjeto *ObjetoDono() const { return FObjetoDono; }
+    void AtribuirObjetoDono(TGISObjeto *objeto) { FObjetoDono = objeto; }
+    /// O aviso `gmAlterado` de um objeto desta lista (chamado por `TGISObjeto::Mudou`).
+    void AvisarAlteracao(TGISObjeto *objeto);
 
     /// O objeto do índice (continua da lista).
     TGISObjeto *ObterGISObjeto(int indice) const { return Items(indice); }
@@ -50,6 +89,10 @@ public:
     /// seguida) e guarda o nome em `NomeArquivo`. Um tipo desconhecido não faz nada (e mantém
     /// `NomeArquivo`). Responde se havia tratador. Erros do tratador seguem para quem chama.
     bool Ler(const QString &nomeArquivo, const QString &tipo);
+    /// `Ler` com opções de leitura entregues ao tratador (`TGISTratadorDeArquivo::Opcoes`), por
+    /// exemplo qual camada de um arquivo de várias camadas. Extensão: as chaves são as que o
+    /// tratador documenta; as que ele não conhece são ignoradas.
+    bool Ler(const QString &nomeArquivo, const QString &tipo, const QVariantMap &opcoes);
     /// Grava o arquivo do mesmo modo.
     bool Gravar(const QString &nomeArquivo, const QString &tipo);
 
@@ -76,6 +119,18 @@ public:
     /// (com "." na frente quando não tem ponto), ou o texto vazio. A busca é solta de propósito:
     /// ".tif" acha um filtro com ".tiff", e a descrição do filtro também conta.
     static QString ObterTipoPelaExtencao(const QString &extensao, bool leitura);
+    /// A busca exata para diálogos e hospedeiros (extensão). Os candidatos são as entradas com
+    /// filtro (de leitura ou de gravação) em que um padrão casa com o nome do arquivo inteiro, sem
+    /// diferenciar maiúsculas (".tif" não casa com "*.tiff"; "*.*" casa com tudo). Um candidato
+    /// só: o tipo dele. Vários: na ordem de registro, o primeiro cujo tratador `Reconhece` o
+    /// arquivo (aberto para leitura, do início, para cada um); nenhum reconhece, ou o arquivo
+    /// não se abre: o primeiro candidato. Sem candidato, o texto vazio.
+    static QString ObterTipoPeloArquivo(const QString &nomeArquivo, bool leitura);
+    /// As falhas de registro na carga das bibliotecas (um tipo repetido, ...), uma mensagem por
+    /// falha, em ordem. O registro que falhou foi pulado e escrito com `qWarning` (extensão).
+    static QStringList FalhasDeRegistro();
+    /// Anota uma falha de registro (`TRegistraTratador` a chama).
+    static void AnotarFalhaDeRegistro(const QString &mensagem);
     /// Esvazia o registro.
     static void LimparRegistro();
     /// Cópia das entradas, em ordem (para guardar e restaurar, por exemplo em testes).
@@ -83,9 +138,19 @@ public:
     /// Substitui todas as entradas pelas dadas.
     static void RestaurarRegistro(const std::vector<TRegistro> &entradas);
 
+protected:
+    void Notificar(TGISObjeto *objeto, TAcaoDeLista acao) override;
+
 private:
+    void Avisar(TGISMudanca mudanca, TGISObjeto *objeto);
+
     TGISRet FLimites = MundoInteiro;
     QString FNomeArquivo;
+    TGISObservadores FObservadores;
+    std::atomic<std::uint64_t> FContador{0};
+    TGISObjeto *FObjetoDono = nullptr;
+    int FLote = 0;
+    bool FLotePendente = false;
 };
 
 } // namespace tavru

@@ -70,6 +70,14 @@ void TGISProjecao::Copiar(const TGISProjecao &origem)
     FZoom = origem.FZoom;
 }
 
+std::unique_ptr<TGISProjecao> TGISProjecao::Duplicar() const
+{
+    std::unique_ptr<TGISProjecao> copia = Criar();
+    copia->Copiar(*this);
+    copia->AtribuirCentro(FCentro);
+    return copia;
+}
+
 bool TGISProjecao::Visivel(const TGISRet &) const
 {
     return true;
@@ -99,6 +107,11 @@ void TGISProjecao::MundoParaTelaPontos(const TGISPosicaoList &lista, std::vector
 {
     pontos.resize(static_cast<size_t>(lista.Count()));
     DoMundoParaTelaPontos(lista.Dados(), pontos.data(), lista.Count());
+}
+
+void TGISProjecao::MundoParaTelaPontos(const TGISPosicao *posicoes, int total, TPoint *pontos) const
+{
+    DoMundoParaTelaPontos(posicoes, pontos, total);
 }
 
 void TGISProjecao::TelaParaMundoPontos(const TPoint *pontos, int total, TGISPosicaoList &lista) const

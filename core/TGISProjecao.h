@@ -35,7 +35,8 @@ public:
     TGISProjecao(const TGISProjecao &) = delete;
     TGISProjecao &operator=(const TGISProjecao &) = delete;
 
-    // Operações virtuais, na ordem dos encaixes do projeto.
+    // Operações virtuais. A ordem das declarações é a da tabela virtual, que as projeções de
+    // outras bibliotecas seguem: não reordenar.
 
     /// Guarda o zoom limitado a `ZoomMinimo..ZoomMaximo` (acima do máximo vira o máximo; abaixo do
     /// mínimo, e NaN, vira o mínimo). As projeções concretas recalculam os coeficientes.
@@ -82,6 +83,10 @@ public:
     TGISPosicao Centro() const { return FCentro; }
     void AtribuirCentro(const TGISPosicao &p) { FCentro = p; }
 
+    /// Uma cópia inteira (`Criar`, `Copiar` e o centro), para desenhar em outra linha de execução
+    /// enquanto esta projeção segue mudando. Extensão; `Copiar` continua sem o centro.
+    std::unique_ptr<TGISProjecao> Duplicar() const;
+
     // Conversões.
 
     /// O centro do retângulo da tela.
@@ -95,6 +100,8 @@ public:
     void MundoParaTelaPontos(const TGISPosicaoList &lista, TPoint *pontos) const;
     /// O mesmo, redimensionando `pontos` para o número de posições.
     void MundoParaTelaPontos(const TGISPosicaoList &lista, std::vector<TPoint> &pontos) const;
+    /// O mesmo sobre `total` posições contíguas (extensão: para converter em blocos sem lista).
+    void MundoParaTelaPontos(const TGISPosicao *posicoes, int total, TPoint *pontos) const;
     /// Esvazia `lista` e põe nela `TelaParaMundo` de cada ponto, em ordem. Se uma conversão
     /// falhar, a lista fica vazia e o erro segue.
     void TelaParaMundoPontos(const TPoint *pontos, int total, TGISPosicaoList &lista) const;

@@ -6,6 +6,7 @@
 
 #include <QString>
 #include <QStringList>
+#include <QVariantMap>
 
 class QIODevice;
 
@@ -28,7 +29,8 @@ public:
     TGISTratadorDeArquivo(const TGISTratadorDeArquivo &) = delete;
     TGISTratadorDeArquivo &operator=(const TGISTratadorDeArquivo &) = delete;
 
-    // Operações virtuais, na ordem dos encaixes do projeto (o construtor virtual é o descritor).
+    // Operações virtuais, na ordem da tabela virtual (que os tratadores de outras bibliotecas
+    // seguem: não reordenar). A criação pelo tipo é o descritor `TClasseTratador`.
 
     /// Lê o arquivo e acrescenta os objetos à lista.
     virtual void Ler(const QString &nomeArquivo) = 0;
@@ -36,6 +38,11 @@ public:
     virtual void Gravar(const QString &nomeArquivo) = 0;
     /// Se o fluxo traz o formato deste tratador.
     virtual bool Reconhece(QIODevice &fluxo) = 0;
+
+    /// Opções desta leitura (extensão), dadas por `TGISObjetoList::Ler` antes de `Ler`: cada
+    /// tratador documenta as chaves que entende e ignora as outras. Vazias por padrão.
+    const QVariantMap &Opcoes() const { return FOpcoes; }
+    void AtribuirOpcoes(const QVariantMap &opcoes) { FOpcoes = opcoes; }
 
     /// A lista sobre a qual o tratador trabalha.
     TGISObjetoList &Lista() const { return FLista; }
@@ -49,6 +56,7 @@ private:
     TGISObjetoList &FLista;
     QStringList FFiltroLeitura;
     QStringList FFiltroGravacao;
+    QVariantMap FOpcoes;
 };
 
 } // namespace tavru

@@ -13,13 +13,16 @@ namespace tavru {
 
 const TClasseObjeto TGISArea::Descritor = TClasseObjeto::De<TGISArea>("TGISArea");
 
-void AtualizarCoresComPincel(const TTabelaDeCores &tabela, std::int32_t indiceCor, TPen &caneta,
+bool AtualizarCoresComPincel(const TTabelaDeCores &tabela, std::int32_t indiceCor, TPen &caneta,
                              std::int32_t indicePincel, TBrush &pincel)
 {
-    const TBrushStyle estilo = pincel.Style;
-    caneta.Color = tabela.ObterCor(indiceCor);
-    pincel.Color = tabela.ObterCor(indicePincel);
-    pincel.Style = estilo;
+    const TColor corCaneta = tabela.ObterCor(indiceCor);
+    const TColor corPincel = tabela.ObterCor(indicePincel);
+    if (caneta.Color == corCaneta && pincel.Color == corPincel)
+        return false;
+    caneta.Color = corCaneta;
+    pincel.Color = corPincel; // o estilo do pincel fica
+    return true;
 }
 
 TGISArea::TGISArea() = default;
@@ -29,6 +32,7 @@ TGISArea::~TGISArea() = default;
 void TGISArea::AtribuirCor(TColor cor)
 {
     FPincel.Color = cor;
+    Mudou();
 }
 
 TColor TGISArea::ObterCor() const
@@ -38,7 +42,8 @@ TColor TGISArea::ObterCor() const
 
 void TGISArea::AtualizarCores(const TTabelaDeCores &tabela)
 {
-    AtualizarCoresComPincel(tabela, IndiceCor(), Caneta(), FIndicePincel, FPincel);
+    if (AtualizarCoresComPincel(tabela, IndiceCor(), Caneta(), FIndicePincel, FPincel))
+        Mudou();
 }
 
 bool TGISArea::ConfiguracaoPadrao(const TGISProjecao &projecao, const TPoint &ponto)

@@ -43,11 +43,11 @@ public:
 
     /// Índice da cor do preenchimento na tabela de cores; negativo é a cor padrão da tabela.
     std::int32_t IndicePincel() const { return FIndicePincel; }
-    void AtribuirIndicePincel(std::int32_t indice) { FIndicePincel = indice; }
+    void AtribuirIndicePincel(std::int32_t indice) { FIndicePincel = indice; Mudou(); }
     /// Cor e estilo do preenchimento (possuído).
     TBrush &Pincel() { return FPincel; }
     const TBrush &Pincel() const { return FPincel; }
-    void AtribuirPincel(const TBrush &pincel) { FPincel.Assign(pincel); }
+    void AtribuirPincel(const TBrush &pincel) { FPincel.Assign(pincel); Mudou(); }
 
 private:
     TBrush FPincel;
@@ -56,7 +56,8 @@ private:
 
 /// `AtualizarCores` das áreas e dos corredores: a caneta pela cor de `indiceCor`, o pincel pela
 /// de `indicePincel` (ambos com a cor padrão da tabela fora dela), o estilo do pincel mantido.
-TAVRU_GIS_EXPORT void AtualizarCoresComPincel(const TTabelaDeCores &tabela, std::int32_t indiceCor, TPen &caneta,
+/// Responde se alguma das duas cores mudou (nada é escrito quando já estavam certas).
+TAVRU_GIS_EXPORT bool AtualizarCoresComPincel(const TTabelaDeCores &tabela, std::int32_t indiceCor, TPen &caneta,
                                               std::int32_t indicePincel, TBrush &pincel);
 
 } // namespace tavru

@@ -31,6 +31,7 @@ void TGISAreaCircular::AtribuirCor(TColor cor)
 {
     FPincel.Color = cor;
     Caneta().Color = cor;
+    Mudou();
 }
 
 TColor TGISAreaCircular::ObterCor() const
@@ -40,7 +41,8 @@ TColor TGISAreaCircular::ObterCor() const
 
 void TGISAreaCircular::AtualizarCores(const TTabelaDeCores &tabela)
 {
-    AtualizarCoresComPincel(tabela, IndiceCor(), Caneta(), FIndicePincel, FPincel);
+    if (AtualizarCoresComPincel(tabela, IndiceCor(), Caneta(), FIndicePincel, FPincel))
+        Mudou();
 }
 
 double TGISAreaCircular::Rumo() const

@@ -80,22 +80,22 @@ public:
 
     TBrush &Pincel() { return FPincel; }
     const TBrush &Pincel() const { return FPincel; }
-    void AtribuirPincel(const TBrush &pincel) { FPincel.Assign(pincel); }
+    void AtribuirPincel(const TBrush &pincel) { FPincel.Assign(pincel); Mudou(); }
     /// Raio interno, em milhas náuticas; 0 ou negativo: sem furo.
     double RaioMenor() const { return FRaioMenor; }
-    void AtribuirRaioMenor(double raio) { FRaioMenor = raio; }
+    void AtribuirRaioMenor(double raio) { FRaioMenor = raio; Mudou(); }
     /// Raio externo, em milhas náuticas.
     double RaioMaior() const { return FRaioMaior; }
-    void AtribuirRaioMaior(double raio) { FRaioMaior = raio; }
+    void AtribuirRaioMaior(double raio) { FRaioMaior = raio; Mudou(); }
     /// Início do setor, radianos náuticos a partir do rumo.
     double AzimuteInicial() const { return FAzimuteInicial; }
-    void AtribuirAzimuteInicial(double valor) { FAzimuteInicial = valor; }
+    void AtribuirAzimuteInicial(double valor) { FAzimuteInicial = valor; Mudou(); }
     /// Fim do setor; igual ao início: a volta inteira.
     double AzimuteFinal() const { return FAzimuteFinal; }
-    void AtribuirAzimuteFinal(double valor) { FAzimuteFinal = valor; }
+    void AtribuirAzimuteFinal(double valor) { FAzimuteFinal = valor; Mudou(); }
     /// Índice da cor do pincel na tabela de cores. Padrão 0 (não -1, ao contrário da área).
     std::int32_t IndicePincel() const { return FIndicePincel; }
-    void AtribuirIndicePincel(std::int32_t indice) { FIndicePincel = indice; }
+    void AtribuirIndicePincel(std::int32_t indice) { FIndicePincel = indice; Mudou(); }
 
     /// O rumo náutico do objeto, em graus: `GrauToMarinha` dos graus da orientação.
     double Rumo() const;

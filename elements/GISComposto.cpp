@@ -9,12 +9,16 @@ namespace tavru {
 
 const TClasseObjeto TGISComposto::Descritor = TClasseObjeto::De<TGISComposto>("TGISComposto");
 
-TGISComposto::TGISComposto() = default;
+TGISComposto::TGISComposto()
+{
+    FObjetos.AtribuirObjetoDono(this); // cada mudança de um membro é uma mudança do composto
+}
 
 TGISComposto::~TGISComposto() = default;
 
 void TGISComposto::AtribuirPosicao(const TGISPosicao &p)
 {
+    const TAlteracao alteracao(*this);
     const std::int64_t dLat = std::int64_t(p.Latitude) - Posicao().Latitude;
     const std::int64_t dLon = std::int64_t(p.Longitude) - Posicao().Longitude;
     for (int i = 0; i < FObjetos.Count(); ++i) {
@@ -28,6 +32,7 @@ void TGISComposto::AtribuirPosicao(const TGISPosicao &p)
 
 void TGISComposto::AtribuirOrientacao(double orientacao)
 {
+    const TAlteracao alteracao(*this);
     const double dO = orientacao - Orientacao();
     const TGISPosicao c = Posicao();
     for (int i = 0; i < FObjetos.Count(); ++i) {
@@ -44,7 +49,9 @@ void TGISComposto::AtribuirOrientacao(double orientacao)
 
 void TGISComposto::AtribuirCor(TColor cor)
 {
+    const TAlteracao alteracao(*this);
     FCor = cor;
+    Mudou();
     for (int i = 0; i < FObjetos.Count(); ++i)
         FObjetos[i]->AtribuirCor(cor);
 }

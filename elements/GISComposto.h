@@ -45,7 +45,9 @@ public:
     /// A união das áreas dos membros, em ordem; vazio dá (0, 0, 0, 0).
     TGISRet Area() const override;
 
-    /// Os membros (possuídos).
+    /// Os membros (possuídos). Cada mudança desta lista, e de um membro pela API dele, avisa o
+    /// composto (`Mudou`) e assim a lista e a camada que o possuem; `AtribuirPosicao`,
+    /// `AtribuirOrientacao` e `AtribuirCor` do composto avisam uma vez só, por todos os membros.
     TGISObjetoList &Objetos() { return FObjetos; }
     const TGISObjetoList &Objetos() const { return FObjetos; }
     /// A última cor dada ao grupo. Padrão 0 (preto).

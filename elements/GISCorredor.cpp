@@ -72,6 +72,7 @@ TGISCorredor::~TGISCorredor() = default;
 void TGISCorredor::AtribuirCor(TColor cor)
 {
     FPincel.Color = cor;
+    Mudou();
 }
 
 TColor TGISCorredor::ObterCor() const
@@ -81,7 +82,8 @@ TColor TGISCorredor::ObterCor() const
 
 void TGISCorredor::AtualizarCores(const TTabelaDeCores &tabela)
 {
-    AtualizarCoresComPincel(tabela, IndiceCor(), Caneta(), FIndicePincel, FPincel);
+    if (AtualizarCoresComPincel(tabela, IndiceCor(), Caneta(), FIndicePincel, FPincel))
+        Mudou();
 }
 
 void TGISCorredor::LargurasNaTela(const TGISProjecao &projecao, double &esquerda, double &direita) const

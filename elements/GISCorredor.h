@@ -52,16 +52,16 @@ public:
                          std::vector<TPoint> &contorno);
 
     std::int32_t IndicePincel() const { return FIndicePincel; }
-    void AtribuirIndicePincel(std::int32_t indice) { FIndicePincel = indice; }
+    void AtribuirIndicePincel(std::int32_t indice) { FIndicePincel = indice; Mudou(); }
     TBrush &Pincel() { return FPincel; }
     const TBrush &Pincel() const { return FPincel; }
-    void AtribuirPincel(const TBrush &pincel) { FPincel.Assign(pincel); }
+    void AtribuirPincel(const TBrush &pincel) { FPincel.Assign(pincel); Mudou(); }
     /// Largura à esquerda, em milhas náuticas.
     double Esq() const { return FEsq; }
-    void AtribuirEsq(double v) { FEsq = v; }
+    void AtribuirEsq(double v) { FEsq = v; Mudou(); }
     /// Largura à direita, em milhas náuticas.
     double Dir() const { return FDir; }
-    void AtribuirDir(double v) { FDir = v; }
+    void AtribuirDir(double v) { FDir = v; Mudou(); }
 
 private:
     TBrush FPincel;

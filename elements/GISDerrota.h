@@ -38,7 +38,7 @@ public:
 
     /// Índice do ponto depois do qual a derrota é pontilhada; -1 (o padrão): nunca.
     std::int32_t IndiceTracejado() const { return FIndiceTracejado; }
-    void AtribuirIndiceTracejado(std::int32_t indice) { FIndiceTracejado = indice; }
+    void AtribuirIndiceTracejado(std::int32_t indice) { FIndiceTracejado = indice; Mudou(); }
 
 private:
     std::int32_t FIndiceTracejado = -1;

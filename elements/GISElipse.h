@@ -33,10 +33,10 @@ public:
 
     /// Segundo semi-eixo da elipse externa, em milhas náuticas.
     double RaioMaiorY() const { return FRaioMaiorY; }
-    void AtribuirRaioMaiorY(double raio) { FRaioMaiorY = raio; }
+    void AtribuirRaioMaiorY(double raio) { FRaioMaiorY = raio; Mudou(); }
     /// Segundo semi-eixo da elipse interna, em milhas náuticas.
     double RaioMenorY() const { return FRaioMenorY; }
-    void AtribuirRaioMenorY(double raio) { FRaioMenorY = raio; }
+    void AtribuirRaioMenorY(double raio) { FRaioMenorY = raio; Mudou(); }
 
 protected:
     std::array<double, 2> ParametrosDoContorno() const override { return {FRaioMaiorY, FRaioMenorY}; }

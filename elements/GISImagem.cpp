@@ -383,6 +383,7 @@ void TGISImagem::AtribuirLimiteDeFigura(qint64 bytes)
 
 void TGISImagem::AtribuirPosicao(const TGISPosicao &p)
 {
+    const TAlteracao alteracao(*this);
     const std::int64_t dLat = std::int64_t(p.Latitude) - Posicao().Latitude;
     const std::int64_t dLon = std::int64_t(p.Longitude) - Posicao().Longitude;
     FAreaImagem.Pos1.Latitude = static_cast<std::int32_t>(FAreaImagem.Pos1.Latitude + dLat);
@@ -395,6 +396,7 @@ void TGISImagem::AtribuirPosicao(const TGISPosicao &p)
 void TGISImagem::AtribuirCor(TColor cor)
 {
     FCorTransparente = cor;
+    Mudou();
 }
 
 TColor TGISImagem::ObterCor() const
@@ -411,7 +413,9 @@ TGISRet TGISImagem::Area() const
 
 void TGISImagem::AtribuirArea(const TGISRet &area)
 {
+    const TAlteracao alteracao(*this);
     FAreaImagem = area;
+    Mudou();
     TGISObjeto::AtribuirPosicao(Centro(area));
 }
 

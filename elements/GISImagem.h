@@ -18,9 +18,10 @@ namespace tavru {
 /// (latitude 1, longitude 1, latitude 2, longitude 2, em segundos de arco).
 ///
 /// A figura é lida pelos leitores de imagem do Qt (JPEG, PNG, GIF, BMP e o que os plug-ins de
-/// formatos instalados somam: TIFF, WebP, TGA, ICO...; ver `FiltroDeImagens`). WMF e EMF não
-/// existem fora do Windows. A figura fica opaca (a transparência vira fundo branco) e com 8 bits
-/// por pixel (paleta de 256 cores), como o carregador de origem a deixa.
+/// formatos instalados somam: TIFF, WebP, TGA, ICO...; ver `FiltroDeImagens`). WMF e EMF não são
+/// lidos: o Qt não tem leitor deles. A figura fica opaca (a transparência vira fundo branco) e com
+/// 8 bits por pixel (paleta de 256 cores), para que o desenho seja o mesmo de mapas já guardados e
+/// a memória de figuras grandes caia a um quarto.
 ///
 /// Unidades: retângulos em segundos de arco; zoom como o da projeção.
 ///
@@ -125,22 +126,22 @@ public:
 
     /// Retângulo do mundo coberto pela figura.
     TGISRet AreaImagem() const { return FAreaImagem; }
-    void AtribuirAreaImagem(const TGISRet &area) { FAreaImagem = area; }
+    void AtribuirAreaImagem(const TGISRet &area) { FAreaImagem = area; Mudou(); }
     /// A figura.
     const QImage &Imagem() const { return FImagem; }
-    void AtribuirImagem(const QImage &imagem) { FImagem = imagem; }
+    void AtribuirImagem(const QImage &imagem) { FImagem = imagem; Mudou(); }
     /// Menor zoom em que a figura é desenhada (inclusive).
     double ZoomMinimoImagem() const { return FZoomMinimoImagem; }
-    void AtribuirZoomMinimoImagem(double zoom) { FZoomMinimoImagem = zoom; }
+    void AtribuirZoomMinimoImagem(double zoom) { FZoomMinimoImagem = zoom; Mudou(); }
     /// Maior zoom em que a figura é desenhada (inclusive).
     double ZoomMaximoImagem() const { return FZoomMaximoImagem; }
-    void AtribuirZoomMaximoImagem(double zoom) { FZoomMaximoImagem = zoom; }
+    void AtribuirZoomMaximoImagem(double zoom) { FZoomMaximoImagem = zoom; Mudou(); }
     /// Arquivo de onde a figura foi lida.
     QString NomeArquivoImagem() const { return FNomeArquivoImagem; }
     /// Escala da figura: a razão entre o mundo mostrado e a área da figura, que o controle do mapa
     /// calcula no zoom inteligente (a menor das razões vertical e horizontal). Padrão 1.0.
     double Escala() const { return FEscala; }
-    void AtribuirEscala(double escala) { FEscala = escala; }
+    void AtribuirEscala(double escala) { FEscala = escala; Mudou(); }
 
 private:
     TGISRet FAreaImagem = GISRet(-1000, -1000, 1000, 1000);

@@ -18,12 +18,20 @@ const TClasseObjeto TGISLinha::Descritor = TClasseObjeto::De<TGISLinha>("TGISLin
 
 namespace {
 
-/// Posições absolutas de uma sequência, reaproveitadas entre desenhos (só a linha da interface).
-TGISPosicaoList &Rascunho()
+/// Os pixels de uma sequência, no contexto do canvas em que ela é desenhada.
+struct TPixelsDaSequencia
 {
-    static TGISPosicaoList rascunho;
-    return rascunho;
-}
+    std::vector<TPoint> Pontos;
+};
+
+/// Os pixels que `DesenharOtimizado` mantém, no contexto do canvas.
+struct TPixelsMantidos
+{
+    std::vector<TPoint> Pontos;
+};
+
+/// Posições absolutas convertidas por bloco, na pilha: nenhum rascunho fora de quem chama.
+constexpr int TamanhoDoBloco = 256;
 
 } // namespace
 
@@ -33,6 +41,7 @@ TGISLinha::~TGISLinha() = default;
 
 void TGISLinha::AtribuirPosicao(const TGISPosicao &p)
 {
+    const TAlteracao alteracao(*this);
     TGISObjeto::AtribuirPosicao(p);
     CalcularLimites();
 }
@@ -40,6 +49,7 @@ void TGISLinha::AtribuirPosicao(const TGISPosicao &p)
 void TGISLinha::AtribuirCor(TColor cor)
 {
     Caneta().Color = cor;
+    Mudou();
 }
 
 TColor TGISLinha::ObterCor() const
@@ -57,11 +67,13 @@ TGISPosicao TGISLinha::ObterPonto(int lista, int indice) const
 void TGISLinha::AtribuirPonto(int lista, int indice, const TGISPosicao &posicao)
 {
     FPontos.Items(lista)->AtribuirPosicao(indice, Deslocamento(posicao, Posicao(), Orientacao()));
+    Mudou();
 }
 
 void TGISLinha::InserirPonto(int lista, int indice, const TGISPosicao &posicao)
 {
     FPontos.Items(lista)->Insert(indice, Deslocamento(posicao, Posicao(), Orientacao()));
+    Mudou();
 }
 
 void TGISLinha::CalcularLimites()
@@ -95,6 +107,7 @@ void TGISLinha::CalcularLimites()
         }
     }
     FLimites = algum ? Uniao(inicio, caixa) : inicio;
+    Mudou();
 }
 
 void TGISLinha::AjustarPontos(const TGISProjecao &projecao, int lista, TPoint *pontos, int ultimo) const
@@ -103,18 +116,19 @@ void TGISLinha::AjustarPontos(const TGISProjecao &projecao, int lista, TPoint *p
     const int total = std::min(ultimo + 1, origem.Count());
     if (total <= 0)
         return;
-    TGISPosicaoList &absolutas = Rascunho();
-    absolutas.Redimensionar(total);
     const TGISPosicao p = Posicao();
     const double o = Orientacao();
     const double c = std::cos(o);
     const double s = std::sin(o);
     const bool semGiro = o == 0.0;
     const TGISPosicao *d = origem.Dados();
-    TGISPosicao *a = absolutas.Dados();
-    for (int i = 0; i < total; ++i)
-        a[i] = PosicaoAbsoluta(d[i], p, c, s, semGiro);
-    projecao.MundoParaTelaPontos(absolutas, pontos);
+    TGISPosicao bloco[TamanhoDoBloco];
+    for (int inicio = 0; inicio < total; inicio += TamanhoDoBloco) {
+        const int n = std::min(TamanhoDoBloco, total - inicio);
+        for (int i = 0; i < n; ++i)
+            bloco[i] = PosicaoAbsoluta(d[inicio + i], p, c, s, semGiro);
+        projecao.MundoParaTelaPontos(bloco, n, pontos + inicio);
+    }
 }
 
 void TGISLinha::AjustarPontos(const TGISProjecao &projecao, int lista, std::vector<TPoint> &pontos) const
@@ -126,13 +140,14 @@ void TGISLinha::AjustarPontos(const TGISProjecao &projecao, int lista, std::vect
 
 void TGISLinha::DesenharSequencias(TCanvas &canvas, const TGISProjecao &projecao, bool aberto) const
 {
-    static std::vector<TPoint> pontos;
+    std::vector<TPoint> &pontos = canvas.Contexto().Obter<TPixelsDaSequencia>().Pontos;
     for (int i = 0; i < FPontos.Count(); ++i) {
         if (FPontos.Items(i)->Count() == 0)
             continue;
         AjustarPontos(projecao, i, pontos);
         DesenharOtimizado(canvas, pontos.data(), static_cast<int>(pontos.size()) - 1, aberto);
     }
+    TContextoDeDesenho::Aliviar(pontos);
 }
 
 void TGISLinha::Desenhar(TCanvas &canvas, const TGISProjecao &projecao, bool selecionado)
@@ -193,6 +208,7 @@ void TGISLinha::AjustarAoRetangulo(const TGISRet &retangulo)
         / static_cast<double>(vaoLon);
     if (sLat == 0.0 || sLon == 0.0)
         throw EZeroDivide(QStringLiteral("Divisão por zero: os limites da linha têm um vão nulo"));
+    Mudou();
     for (int i = 0; i < FPontos.Count(); ++i) {
         TGISPosicaoList &lista = *FPontos.Items(i);
         TGISPosicao *p = lista.Dados();
@@ -207,6 +223,7 @@ void TGISLinha::AjustarCentro()
     if (FLimites.Pos2.Latitude - static_cast<long long>(FLimites.Pos1.Latitude) <= 0
         || FLimites.Pos2.Longitude - static_cast<long long>(FLimites.Pos1.Longitude) <= 0)
         return;
+    const TAlteracao alteracao(*this);
     const TGISPosicao c = Centro(FLimites);
     // Cada deslocamento passa a ser contado do centro: d + (P - C), sem giro.
     const TGISPosicao p = Posicao();
@@ -252,7 +269,7 @@ void DesenharOtimizado(TCanvas &canvas, const TPoint *pontos, int ultimo, bool a
 {
     if (ultimo < 0)
         return;
-    static std::vector<TPoint> mantidos;
+    std::vector<TPoint> &mantidos = canvas.Contexto().Obter<TPixelsMantidos>().Pontos;
     mantidos.clear();
     mantidos.reserve(static_cast<std::size_t>(ultimo) + 1);
     DesbastarPontos(pontos, ultimo, mantidos);
@@ -261,6 +278,7 @@ void DesenharOtimizado(TCanvas &canvas, const TPoint *pontos, int ultimo, bool a
         canvas.Polyline(mantidos.data(), total);
     else
         canvas.Polygon(mantidos.data(), total);
+    TContextoDeDesenho::Aliviar(mantidos);
 }
 
 TLimite Limite(double a, double b)

@@ -85,7 +85,10 @@ public:
     /// Ajusta a memória de cada sequência ao número de pontos (tira a folga do vetor).
     void Compactar();
 
-    /// As sequências de deslocamentos (possuídas pela linha).
+    /// As sequências de deslocamentos (possuídas pela linha). Mudá-las por aqui não avisa: depois,
+    /// `CalcularLimites` (que avisa) ou `Mudou()`. `AtribuirPosicao`, `AtribuirCor`,
+    /// `AtribuirPonto`, `InserirPonto`, `CalcularLimites`, `AjustarAoRetangulo` e `AjustarCentro`
+    /// avisam uma vez cada.
     TGISPosicaoListList &Pontos() { return FPontos; }
     const TGISPosicaoListList &Pontos() const { return FPontos; }
     /// Retângulo do mundo em volta dos pontos absolutos, do último `CalcularLimites`.

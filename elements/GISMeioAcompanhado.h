@@ -59,10 +59,10 @@ public:
 
     /// Falso: a placa vermelha é desenhada. Padrão verdadeiro.
     bool PlacaOculta() const { return FPlacaOculta; }
-    void AtribuirPlacaOculta(bool oculta) { FPlacaOculta = oculta; }
+    void AtribuirPlacaOculta(bool oculta) { FPlacaOculta = oculta; Mudou(); }
     /// Diferente de 0.0 (também negativo): a seta de rumo é desenhada. Padrão 0.0.
     double IndicadorRumo() const { return FIndicadorRumo; }
-    void AtribuirIndicadorRumo(double indicador) { FIndicadorRumo = indicador; }
+    void AtribuirIndicadorRumo(double indicador) { FIndicadorRumo = indicador; Mudou(); }
 
 private:
     /// O pixel da posição e o maior lado do leiaute, comuns às duas etapas.

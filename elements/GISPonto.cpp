@@ -6,6 +6,7 @@
 #include <tavru/platform/TCanvas.h>
 
 #include <QImage>
+#include <atomic>
 #include <typeinfo>
 #include <unordered_map>
 
@@ -15,7 +16,8 @@ const TClasseObjeto TGISPonto::Descritor = TClasseObjeto::De<TGISPonto>("TGISPon
 
 namespace {
 
-bool GUsarCarimbo = true;
+// Lido pelo desenho em qualquer linha de execução; só os testes o mudam.
+std::atomic<bool> GUsarCarimbo{true};
 
 /// Chave de um carimbo: a figura, o tamanho e o que o desenho usa da caneta e do pincel.
 struct TChaveCarimbo
@@ -58,10 +60,12 @@ struct TCarimbo
 /// Limite de carimbos guardados; ao passar dele o cache recomeça vazio.
 constexpr std::size_t MaximoDeCarimbos = 1024;
 
-std::unordered_map<TChaveCarimbo, TCarimbo, THashCarimbo> &Carimbos()
+/// Os carimbos de um canvas, no contexto de desenho dele.
+using TCarimbos = std::unordered_map<TChaveCarimbo, TCarimbo, THashCarimbo>;
+
+TCarimbos &Carimbos(TCanvas &canvas)
 {
-    static std::unordered_map<TChaveCarimbo, TCarimbo, THashCarimbo> carimbos;
-    return carimbos;
+    return canvas.Contexto().Obter<TCarimbos>();
 }
 
 /// As figuras simples, desenhadas só com caneta e pincel.
@@ -135,7 +139,7 @@ void Carimbar(TCanvas &canvas, TForma forma, const TRect &r)
     const int largura = r.Right - r.Left;
     const int altura = r.Bottom - r.Top;
     const TChaveCarimbo chave{forma, largura, altura, canvas.Pen(), canvas.Brush()};
-    auto &carimbos = Carimbos();
+    TCarimbos &carimbos = Carimbos(canvas);
     auto it = carimbos.find(chave);
     if (it == carimbos.end()) {
         if (carimbos.size() >= MaximoDeCarimbos)
@@ -172,6 +176,7 @@ bool TGISPonto::ObterValido() const
 void TGISPonto::AtribuirCor(TColor cor)
 {
     FFonte.Color = cor;
+    Mudou();
 }
 
 TColor TGISPonto::ObterCor() const
@@ -234,6 +239,7 @@ void TGISPonto::TamanhoNaTela(const TPoint &tamanho)
 {
     FTamanhoMaximo = tamanho;
     FTamanhoMinimo = tamanho;
+    Mudou();
 }
 
 void TGISPonto::Desenhar(TCanvas &canvas, const TGISProjecao &projecao, bool selecionado)
@@ -263,7 +269,7 @@ void TGISPonto::DesenharFigura(TCanvas &canvas, const TRect &r)
         canvas.TextRect(r, r.Left, r.Top, QString(FLetra));
         return;
     case gisSimbolo: {
-        const TTabelaDeSimbolos *tabela = ObterTabelaSimbolos();
+        const TTabelaDeSimbolos *tabela = ObterTabelaSimbolos(canvas);
         if (FSimbolo >= 0 && tabela && FSimbolo < tabela->ObterTotal()) {
             canvas.Brush().Style = bsClear;
             tabela->DesenharRotacionado(FSimbolo, canvas, r, Orientacao());
@@ -301,14 +307,14 @@ bool TGISPonto::UsarCarimbo()
     return GUsarCarimbo;
 }
 
-void TGISPonto::LimparCarimbos()
+void TGISPonto::LimparCarimbos(TCanvas &canvas)
 {
-    Carimbos().clear();
+    Carimbos(canvas).clear();
 }
 
-int TGISPonto::TotalDeCarimbos()
+int TGISPonto::TotalDeCarimbos(TCanvas &canvas)
 {
-    return static_cast<int>(Carimbos().size());
+    return static_cast<int>(Carimbos(canvas).size());
 }
 
 } // namespace tavru

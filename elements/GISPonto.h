@@ -45,8 +45,12 @@ enum TForma : std::uint8_t {
 /// com `TCanvas::Draw`. O resultado é o mesmo, pixel a pixel, do desenho direto (sem suavização,
 /// os pixels da figura são opacos e os demais transparentes). Só se carimba num canvas da classe
 /// `TCanvas` que pinta numa imagem RGB32/ARGB32: um canvas derivado (que registra chamadas, por
-/// exemplo) recebe sempre as chamadas de desenho originais. `AtribuirUsarCarimbo(false)` desliga
-/// o carimbo para a classe toda.
+/// exemplo) recebe sempre as chamadas de desenho originais. Os carimbos ficam no contexto de
+/// desenho do canvas (até 1024; passando disso o cache recomeça), não no processo.
+/// `AtribuirUsarCarimbo(false)` desliga o carimbo para a classe toda.
+///
+/// O desenho e `Pertence` escrevem no objeto a área de desenho (`AreaDesenho`), que é só um
+/// registro do último leiaute: não é avisada como mudança.
 class TAVRU_GIS_EXPORT TGISPonto : public TGISObjeto
 {
 public:
@@ -92,37 +96,39 @@ public:
 
     // Campos.
 
-    /// Fonte de um ponto `gisFonte` (possuída); a sua cor é a cor do ponto.
+    /// Fonte de um ponto `gisFonte` (possuída); a sua cor é a cor do ponto. Mudá-la por aqui não
+    /// avisa: depois, `Mudou()` (os `Atribuir...` e `TamanhoNaTela` avisam).
     TFont &Fonte() { return FFonte; }
     const TFont &Fonte() const { return FFonte; }
-    void AtribuirFonte(const TFont &fonte) { FFonte.Assign(fonte); }
+    void AtribuirFonte(const TFont &fonte) { FFonte.Assign(fonte); Mudou(); }
     /// Caractere escrito por um ponto `gisFonte` (código 0 por padrão, escrito como está).
     QChar Letra() const { return FLetra; }
-    void AtribuirLetra(QChar letra) { FLetra = letra; }
+    void AtribuirLetra(QChar letra) { FLetra = letra; Mudou(); }
     /// Índice na tabela de símbolos de um ponto `gisSimbolo`; negativo quando não há.
     std::int32_t Simbolo() const { return FSimbolo; }
-    void AtribuirSimbolo(std::int32_t simbolo) { FSimbolo = simbolo; }
+    void AtribuirSimbolo(std::int32_t simbolo) { FSimbolo = simbolo; Mudou(); }
     TForma Forma() const { return FForma; }
-    void AtribuirForma(TForma forma) { FForma = forma; }
+    void AtribuirForma(TForma forma) { FForma = forma; Mudou(); }
     /// Maior tamanho na tela, em pixels (x largura, y altura).
     TPoint TamanhoMaximo() const { return FTamanhoMaximo; }
-    void AtribuirTamanhoMaximo(const TPoint &t) { FTamanhoMaximo = t; }
+    void AtribuirTamanhoMaximo(const TPoint &t) { FTamanhoMaximo = t; Mudou(); }
     /// Menor tamanho na tela, em pixels.
     TPoint TamanhoMinimo() const { return FTamanhoMinimo; }
-    void AtribuirTamanhoMinimo(const TPoint &t) { FTamanhoMinimo = t; }
+    void AtribuirTamanhoMinimo(const TPoint &t) { FTamanhoMinimo = t; Mudou(); }
     /// Tamanho no mundo, em segundos de arco (latitude, longitude).
     TGISPosicao TamanhoNoMundo() const { return FTamanhoNoMundo; }
-    void AtribuirTamanhoNoMundo(const TGISPosicao &t) { FTamanhoNoMundo = t; }
+    void AtribuirTamanhoNoMundo(const TGISPosicao &t) { FTamanhoNoMundo = t; Mudou(); }
     /// O retângulo do mundo do último leiaute; (0, 0, 0, 0) até o primeiro.
     TGISRet AreaDesenho() const { return FAreaDesenho; }
 
     /// Liga ou desliga o carimbo das figuras para todos os pontos (ligado por padrão).
     static void AtribuirUsarCarimbo(bool usar);
     static bool UsarCarimbo();
-    /// Esvazia o cache de carimbos (as imagens das figuras já desenhadas).
-    static void LimparCarimbos();
-    /// Quantos carimbos o cache guarda agora.
-    static int TotalDeCarimbos();
+    /// Esvazia o cache de carimbos do canvas (as imagens das figuras já desenhadas nele; cada
+    /// canvas tem o seu, no contexto de desenho).
+    static void LimparCarimbos(TCanvas &canvas);
+    /// Quantos carimbos o cache do canvas guarda agora.
+    static int TotalDeCarimbos(TCanvas &canvas);
 
 protected:
     /// Desenha a figura `Forma` no retângulo `r` com a caneta e o pincel que o canvas já tem

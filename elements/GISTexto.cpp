@@ -22,7 +22,7 @@ constexpr double Pi = 3.14159265358979323846;
 
 TGISTexto::TGISTexto()
 {
-    MedirTexto();
+    Medir();
 }
 
 TGISTexto::~TGISTexto() = default;
@@ -35,6 +35,7 @@ bool TGISTexto::ObterValido() const
 void TGISTexto::AtribuirCor(TColor cor)
 {
     FFonte.Color = cor;
+    Mudou();
 }
 
 TColor TGISTexto::ObterCor() const
@@ -95,6 +96,12 @@ void TGISTexto::AtribuirTexto(const QString &texto)
 }
 
 void TGISTexto::MedirTexto()
+{
+    Medir();
+    Mudou();
+}
+
+void TGISTexto::Medir()
 {
     // Uma QFontMetrics local por medida: nada de estado de medida compartilhado entre textos.
     if (qobject_cast<QGuiApplication *>(QCoreApplication::instance())) {

@@ -69,33 +69,37 @@ public:
     /// 1 a base (8) e 2 o centro horizontal (6); e para `AlinhamentoHorizontal` 0 nada, 1 a
     /// direita (2) e 2 o centro (6). Valores fora de 0..2 não acrescentam nada.
     unsigned BandeirasDeAlinhamento() const;
-    /// Mede de novo o texto com a fonte atual e guarda a medida que `Area` usa. Chamado por
-    /// `AtribuirTexto` e `AtribuirFonte`; quem mudou a fonte por `Fonte()` o chama depois.
+    /// Mede de novo o texto com a fonte atual, guarda a medida que `Area` usa e avisa (`Mudou`).
+    /// Chamado por `AtribuirTexto` e `AtribuirFonte`; quem mudou a fonte por `Fonte()` o chama
+    /// depois.
     void MedirTexto();
     /// A largura e a altura (pixels) guardadas pela última medida: a largura do texto nas duas,
     /// ou 12 × comprimento e 12 sem aplicação gráfica.
     void MedirTexto(int &largura, int &altura) const;
 
     /// Fonte do texto (possuída); a sua cor é a cor do texto. Mudar o nome, o tamanho ou o estilo
-    /// por aqui pede `MedirTexto()` depois.
+    /// por aqui não mede nem avisa: depois, `MedirTexto()` (que mede e avisa, como `Mudou()`).
     TFont &Fonte() { return FFonte; }
     const TFont &Fonte() const { return FFonte; }
-    /// Troca a fonte e mede o texto de novo.
+    /// Troca a fonte, mede o texto de novo e avisa.
     void AtribuirFonte(const TFont &fonte);
     QString Texto() const { return FTexto; }
-    /// Troca o texto e o mede de novo.
+    /// Troca o texto, mede-o de novo e avisa.
     void AtribuirTexto(const QString &texto);
     /// 0 esquerda, 1 direita, 2 centro, em relação à posição.
     std::uint8_t AlinhamentoHorizontal() const { return FAlinhamentoHorizontal; }
-    void AtribuirAlinhamentoHorizontal(std::uint8_t a) { FAlinhamentoHorizontal = a; }
+    void AtribuirAlinhamentoHorizontal(std::uint8_t a) { FAlinhamentoHorizontal = a; Mudou(); }
     /// 0 a posição embaixo da extensão, 1 em cima, 2 no meio (e ver `BandeirasDeAlinhamento`).
     std::uint8_t AlinhamentoVertical() const { return FAlinhamentoVertical; }
-    void AtribuirAlinhamentoVertical(std::uint8_t a) { FAlinhamentoVertical = a; }
+    void AtribuirAlinhamentoVertical(std::uint8_t a) { FAlinhamentoVertical = a; Mudou(); }
     /// Graus inteiros somados à orientação ao desenhar.
     std::int32_t GiroAdicional() const { return FGiroAdicional; }
-    void AtribuirGiroAdicional(std::int32_t graus) { FGiroAdicional = graus; }
+    void AtribuirGiroAdicional(std::int32_t graus) { FGiroAdicional = graus; Mudou(); }
 
 private:
+    /// A medida sem o aviso (a construção mede sem avisar ninguém).
+    void Medir();
+
     TFont FFonte;
     QString FTexto;
     std::int32_t FGiroAdicional = 0;

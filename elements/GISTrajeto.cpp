@@ -21,6 +21,7 @@ TGISTrajeto::~TGISTrajeto() = default;
 
 void TGISTrajeto::AtribuirPosicao(const TGISPosicao &p)
 {
+    const TAlteracao alteracao(*this);
     TGISObjeto::AtribuirPosicao(p);
     CalcularLimites();
 }
@@ -28,6 +29,7 @@ void TGISTrajeto::AtribuirPosicao(const TGISPosicao &p)
 void TGISTrajeto::AtribuirCor(TColor cor)
 {
     Caneta().Color = cor;
+    Mudou();
 }
 
 TColor TGISTrajeto::ObterCor() const
@@ -48,8 +50,10 @@ TGISPosicao TGISTrajeto::ObterGISPosicao(int indice) const
 void TGISTrajeto::AtribuirGISPosicao(int indice, const TGISPosicao &posicao)
 {
     TGISPontoTrajeto *ponto = FPontos.ObterPonto(indice);
-    if (!ponto->Fixo())
+    if (!ponto->Fixo()) {
         ponto->AtribuirPosicao(Deslocamento(posicao, Posicao(), Orientacao()));
+        Mudou();
+    }
 }
 
 bool TGISTrajeto::AtribuirPonto(int indice, TGISPontoTrajeto *ponto)
@@ -57,14 +61,17 @@ bool TGISTrajeto::AtribuirPonto(int indice, TGISPontoTrajeto *ponto)
     if (!ponto || FPontos.ObterPonto(indice)->Fixo())
         return false;
     FPontos.AtribuirPonto(indice, ponto);
+    Mudou();
     return true;
 }
 
 void TGISTrajeto::InserirPosicao(int indice, const TGISPosicao &posicao)
 {
+    const TAlteracao alteracao(*this);
     auto ponto = std::make_unique<TGISPontoTrajeto>();
     FPontos.Insert(indice, ponto.get());
     ponto.release();
+    Mudou();
     AtribuirGISPosicao(indice, posicao);
 }
 
@@ -86,6 +93,7 @@ void TGISTrajeto::CalcularLimites()
     ParaCadaAbsoluta(FPontos.Count() - 1, [this](int i, const TGISPosicao &a) {
         FLimites = i == 0 ? TGISRet{a, a} : Uniao(TGISRet{a, a}, FLimites);
     });
+    Mudou();
 }
 
 void TGISTrajeto::AjustarPontos(const TGISProjecao &projecao, TPoint *pontos, int ultimo) const
@@ -108,7 +116,9 @@ void TGISTrajeto::AjustarAoRetangulo(const TGISRet &retangulo)
     const TGISPosicao c1 = Centro(FLimites);
     const TGISPosicao c2 = Centro(retangulo);
     const double sLat = (double(FLimites.Pos2.Latitude) - FLimites.Pos1.Latitude) / vaoLat;
+    const TAlteracao alteracao(*this);
     const double sLon = (double(FLimites.Pos2.Longitude) - FLimites.Pos1.Longitude) / vaoLon;
+    Mudou();
     for (TGISPontoTrajeto *ponto : FPontos) {
         if (ponto->Fixo())
             continue;
@@ -125,8 +135,10 @@ void TGISTrajeto::AjustarCentro()
     if (double(FLimites.Pos2.Latitude) - FLimites.Pos1.Latitude <= 0
         || double(FLimites.Pos2.Longitude) - FLimites.Pos1.Longitude <= 0)
         return;
+    const TAlteracao alteracao(*this);
     const TGISPosicao c = Centro(FLimites);
     const TGISPosicao p = Posicao();
+    Mudou();
     for (TGISPontoTrajeto *ponto : FPontos) {
         const TGISPosicao d = ponto->Posicao();
         ponto->AtribuirPosicao(GISPosicao(Arredondar(double(d.Latitude) + p.Latitude - c.Latitude),

@@ -91,7 +91,8 @@ public:
     /// travados ou não, e refaz `Limites`. Nada faz se `Limites` não tem vãos positivos.
     void AjustarCentro();
 
-    /// Os vértices, em ordem (possuídos).
+    /// Os vértices, em ordem (possuídos). Mudá-los por aqui não avisa: depois, `CalcularLimites`
+    /// ou `Mudou()`. As operações do trajeto que mudam vértices ou a posição avisam uma vez cada.
     TGISPontosTrajeto &Pontos() { return FPontos; }
     const TGISPontosTrajeto &Pontos() const { return FPontos; }
     /// Retângulo do mundo em volta dos vértices absolutos, do último `CalcularLimites`.

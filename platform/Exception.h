@@ -1,7 +1,8 @@
 #pragma once
 /// \file
 /// A família de exceções da casa: uma classe base com mensagem em `QString` e uma subclasse por
-/// tipo de erro da plataforma. Mensagens vêm em português; as citadas pelo projeto, exatas.
+/// tipo de erro. Mensagens vêm em português; as que hospedeiros e documentos comparam (um tipo de
+/// tratador repetido, um índice de lista) são textos fixos, mantidos byte a byte.
 
 #include <tavru/platform/Exportacao.h>
 

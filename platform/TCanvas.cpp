@@ -160,7 +160,7 @@ void TCanvas::TextOut(int x, int y, const QString &texto)
         FPenPos = TPoint(x + TextWidth(texto), y);
         return;
     }
-    const QFontMetrics m(p->font());
+    const QFontMetrics &m = Metricas();
     const int largura = m.horizontalAdvance(texto);
     const int h = m.height();
     int dx = 0;
@@ -194,7 +194,7 @@ void TCanvas::TextRect(const TRect &r, int x, int y, const QString &texto)
         p->save();
         p->setClipRect(r.ParaQRect());
         p->setPen(ParaQColor(FFont.Color));
-        p->drawText(x, y + QFontMetrics(p->font()).ascent(), texto);
+        p->drawText(x, y + Metricas().ascent(), texto);
         p->restore();
     }
 }
@@ -233,15 +233,24 @@ void TCanvas::CopyRect(const TRect &destino, TCanvas &canvasOrigem, const TRect 
     }
 }
 
+const QFontMetrics &TCanvas::Metricas() const
+{
+    if (!FMetricas || !(FFonteMedida == FFont)) {
+        FMetricas = std::make_unique<QFontMetrics>(FFont.ParaQFont());
+        FFonteMedida = FFont;
+    }
+    return *FMetricas;
+}
+
 int TCanvas::TextWidth(const QString &texto) const
 {
-    return QFontMetrics(FFont.ParaQFont()).horizontalAdvance(texto);
+    return Metricas().horizontalAdvance(texto);
 }
 
 int TCanvas::TextHeight(const QString &texto) const
 {
     Q_UNUSED(texto);
-    return QFontMetrics(FFont.ParaQFont()).height();
+    return Metricas().height();
 }
 
 QSize TCanvas::TextExtent(const QString &texto) const

@@ -8,12 +8,17 @@
 /// (esquerda 0, direita 2, centro 6; topo 0, base 8, linha de base 24; um valor horizontal mais
 /// um vertical). O código dos elementos desenha por aqui, nunca direto num `QPainter`.
 ///
+/// Cada canvas tem o seu contexto de desenho (`Contexto`), onde o desenho guarda o rascunho que
+/// reaproveita; e guarda a medida da fonte corrente, refeita só quando a fonte muda. Um canvas é
+/// usado por uma linha de execução de cada vez; canvas diferentes podem desenhar ao mesmo tempo.
+///
 /// As operações de desenho são virtuais para que testes possam registrar as chamadas.
 /// Coordenadas em pixels; retângulos com a aritmética de `TRect` (direita e base exclusivas).
 /// O canvas não possui a imagem em que pinta.
 
 #include <tavru/platform/Exportacao.h>
 #include <tavru/platform/TBrush.h>
+#include <tavru/platform/TContextoDeDesenho.h>
 #include <tavru/platform/TFont.h>
 #include <tavru/platform/TPen.h>
 #include <tavru/platform/TPoint.h>
@@ -24,6 +29,7 @@
 #include <memory>
 #include <vector>
 
+class QFontMetrics;
 class QPainter;
 
 namespace tavru {
@@ -114,12 +120,17 @@ public:
     /// A cor do pixel (x, y) da imagem, ou `clNone` fora dela (para testes e ferramentas).
     TColor Pixel(int x, int y);
 
+    /// O rascunho de desenho deste canvas (possuído por ele).
+    TContextoDeDesenho &Contexto() { return FContexto; }
+
 protected:
     /// Aplica caneta, pincel e fonte ao pintor quando mudaram desde a última vez.
     QPainter *Preparar();
 
 private:
     void Encerrar();
+    /// A medida da fonte corrente (refeita quando a fonte mudou desde a última medida).
+    const QFontMetrics &Metricas() const;
 
     QImage *FImagem = nullptr;
     std::unique_ptr<QPainter> FPainter;
@@ -134,6 +145,9 @@ private:
     TBrush FBrushAplicado;
     TFont FFontAplicada;
     bool FAplicado = false;
+    mutable std::unique_ptr<QFontMetrics> FMetricas;
+    mutable TFont FFonteMedida;
+    TContextoDeDesenho FContexto;
 };
 
 } // namespace tavru

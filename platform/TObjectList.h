@@ -1,18 +1,32 @@
 #pragma once
 /// \file
-/// A lista de objetos da plataforma, com a semântica de posse em que o projeto se apoia.
+/// A lista de objetos da plataforma: uma lista de ponteiros que pode possuir os itens.
 ///
 /// Com `OwnsObjects` ligado (o padrão), a lista possui os itens: `Remove`, `Delete`, `Clear` e
 /// a destruição liberam; `Extract` devolve o item sem liberá-lo. `Exchange` e `Move` nunca
 /// liberam. Itens podem ser nulos (posições vazias). Índices fora de `0..Count()-1` levantam
 /// `EListError` com a mensagem "Índice de lista fora dos limites (<i>)".
+///
+/// Cada entrada ou saída de item e cada mudança de ordem passa por `Notificar`, que uma subclasse
+/// sobrescreve para manter donos e avisar quem observa. A base não avisa nada, e o destrutor da
+/// base não chega à subclasse: uma subclasse que precisa saber da destruição chama `Clear` no
+/// próprio destrutor.
 
 #include <tavru/platform/Exception.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <vector>
 
 namespace tavru {
+
+/// O que aconteceu com um item da lista (ver `TObjectList::Notificar`).
+enum TAcaoDeLista : std::uint8_t {
+    laIncluido,  ///< entrou na lista (`Add`, `Insert`, `SetItems`)
+    laExtraido,  ///< saiu sem ser liberado (`Extract`; e as saídas de uma lista sem posse)
+    laLiberando, ///< saiu e vai ser liberado logo depois do aviso (`Remove`, `Delete`, `Clear`, `SetItems`)
+    laMovido     ///< mudou de lugar (`Move`; `Exchange` avisa só o primeiro dos dois)
+};
 
 /// Levanta o erro de índice de lista da plataforma.
 [[noreturn]] TAVRU_PLATAFORMA_EXPORT void ErroIndiceLista(int indice);
@@ -42,15 +56,19 @@ public:
     void SetItems(int i, T *item)
     {
         Verificar(i);
-        T *&lugar = FItens[static_cast<size_t>(i)];
-        if (FPossui && lugar && lugar != item)
-            delete lugar;
-        lugar = item;
+        T *anterior = FItens[static_cast<size_t>(i)];
+        FItens[static_cast<size_t>(i)] = item;
+        if (anterior == item)
+            return;
+        if (anterior)
+            Sair(anterior);
+        Notificar(item, laIncluido);
     }
 
     int Add(T *item)
     {
         FItens.push_back(item);
+        Notificar(item, laIncluido);
         return Count() - 1;
     }
     void Insert(int i, T *item)
@@ -58,6 +76,7 @@ public:
         if (i < 0 || i > Count())
             ErroIndiceLista(i);
         FItens.insert(FItens.begin() + i, item);
+        Notificar(item, laIncluido);
     }
     int IndexOf(const T *item) const
     {
@@ -79,6 +98,7 @@ public:
         if (i < 0)
             return nullptr;
         FItens.erase(FItens.begin() + i);
+        Notificar(item, laExtraido);
         return item;
     }
     /// Tira o item do índice e, com posse, o libera.
@@ -87,8 +107,7 @@ public:
         Verificar(i);
         T *item = FItens[static_cast<size_t>(i)];
         FItens.erase(FItens.begin() + i);
-        if (FPossui)
-            delete item;
+        Sair(item);
     }
     /// Troca dois itens de lugar; nada é liberado.
     void Exchange(int i, int j)
@@ -96,6 +115,8 @@ public:
         Verificar(i);
         Verificar(j);
         std::swap(FItens[static_cast<size_t>(i)], FItens[static_cast<size_t>(j)]);
+        if (i != j)
+            Notificar(FItens[static_cast<size_t>(j)], laMovido);
     }
     /// Move o item de `de` para `para`; nada é liberado.
     void Move(int de, int para)
@@ -105,6 +126,8 @@ public:
         T *item = FItens[static_cast<size_t>(de)];
         FItens.erase(FItens.begin() + de);
         FItens.insert(FItens.begin() + para, item);
+        if (de != para)
+            Notificar(item, laMovido);
     }
     T *First() const { return Items(0); }
     T *Last() const { return Items(Count() - 1); }
@@ -113,15 +136,23 @@ public:
     {
         std::vector<T *> itens;
         itens.swap(FItens);
-        if (FPossui)
-            for (T *item : itens)
-                delete item;
+        for (T *item : itens)
+            Sair(item);
     }
 
     typename std::vector<T *>::const_iterator begin() const { return FItens.begin(); }
     typename std::vector<T *>::const_iterator end() const { return FItens.end(); }
 
 protected:
+    /// Chamada depois de cada entrada, saída ou mudança de lugar de um item (que pode ser nulo);
+    /// com `laLiberando`, o item ainda existe e é liberado logo depois. A base não faz nada. Quem
+    /// sobrescreve não levanta exceções: a lista já mudou quando ela é chamada.
+    virtual void Notificar(T *item, TAcaoDeLista acao)
+    {
+        (void)item;
+        (void)acao;
+    }
+
     void Verificar(int i) const
     {
         if (i < 0 || i >= Count())
@@ -129,6 +160,14 @@ protected:
     }
 
 private:
+    /// Avisa a saída de um item que já não está na lista e, com posse, o libera.
+    void Sair(T *item)
+    {
+        Notificar(item, FPossui ? laLiberando : laExtraido);
+        if (FPossui)
+            delete item;
+    }
+
     std::vector<T *> FItens;
     bool FPossui;
 };

@@ -2,8 +2,8 @@
 /// \file
 /// Pontos e retângulos de tela, em pixels, com y crescendo para baixo.
 ///
-/// A aritmética é a do projeto: a largura de um `TRect` é `Right - Left` e a altura
-/// `Bottom - Top` (o canto direito e o inferior não pertencem ao retângulo ao pintar). Não use
+/// Largura de um `TRect` é `Right - Left` e altura `Bottom - Top`: o canto direito e o inferior
+/// não pertencem ao retângulo ao pintar, e as contas dos elementos dependem disso. Não use
 /// `QRect` em algoritmos: o `right()` dele é `left + width - 1`. Converta só ao pintar.
 
 #include <QPoint>

@@ -323,12 +323,6 @@ QByteArray CodificarDocumento(const QStringList &linhas, const QString &cabecalh
     return bytes;
 }
 
-QString &PastaDoDocumento()
-{
-    static QString pasta;
-    return pasta;
-}
-
 } // namespace tavru::xmlp
 
 // Conferência dos bytes de um documento lido.

@@ -40,9 +40,6 @@ std::int32_t LerLatitude(const char *texto);
 std::int32_t LerLongitude(const char *texto);
 /// O texto do DOM como `QString`.
 inline QString Texto(const char *texto) { return QString::fromUtf8(texto); }
-/// A pasta do documento que `Ler` está lendo agora (vazia fora de uma leitura): nomes relativos de
-/// arquivos de figuras se resolvem primeiro nela. Tudo roda na linha da interface.
-QString &PastaDoDocumento();
 
 // Gravação.
 

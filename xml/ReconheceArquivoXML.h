@@ -5,4 +5,5 @@
 /// `ObterRefClassObjetoGis`. O tratador se registra sob o tipo "XML" quando a biblioteca carrega.
 
 #include <tavru/xml/ConfiguracaoXML.h>
+#include <tavru/xml/TDocumentoXML.h>
 #include <tavru/xml/TTratadorDeArquivosXML.h>

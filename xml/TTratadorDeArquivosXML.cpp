@@ -5,6 +5,7 @@
 #include <tavru/platform/TObjectList.h>
 #include <tavru/xml/CodificacaoXML_p.h>
 #include <tavru/xml/ConfiguracaoXML.h>
+#include <tavru/xml/NoXML_p.h>
 
 #include <tavru/platform/ArquivoComum.h>
 
@@ -19,11 +20,7 @@ namespace tavru {
 const TClasseTratador TTratadorDeArquivosXML::Classe =
     TClasseTratador::De<TTratadorDeArquivosXML>("TTratadorDeArquivosXML");
 
-namespace {
-
-// Opções do DOM: as de sempre, e o texto só de espaços guardado quando é o único filho (o valor
-// "  " de um campo de informação volta igual).
-constexpr unsigned OpcoesDoDOM = pugi::parse_default | pugi::parse_ws_pcdata_single;
+namespace xmlp {
 
 QString DescricaoDoErro(pugi::xml_parse_status status)
 {
@@ -48,6 +45,20 @@ QString DescricaoDoErro(pugi::xml_parse_status status)
     }
     return QStringLiteral("erro desconhecido");
 }
+
+void ErroDeDocumento(const QString &origem, const pugi::xml_parse_result &r)
+{
+    throw EFilerError(QStringLiteral("%1 não é um documento XML bem formado: %2 (posição %3).")
+                          .arg(origem, DescricaoDoErro(r.status))
+                          .arg(static_cast<qlonglong>(r.offset)));
+}
+
+} // namespace xmlp
+
+namespace {
+
+using xmlp::DescricaoDoErro;
+using xmlp::OpcoesDoDOM;
 
 // O erro do DOM com a linha e a coluna (sem contar os primeiros `descontar` bytes do texto).
 [[noreturn]] void ErroDeDocumento(const QString &origem, const pugi::xml_parse_result &r,
@@ -107,14 +118,10 @@ void TTratadorDeArquivosXML::Ler(const QString &nomeArquivo)
     Carregar(documento, texto, nomeArquivo);
     const pugi::xml_node raiz = documento.document_element();
     // Durante a leitura, figuras com nome relativo se acham ao lado do documento.
-    struct TPastaDaLeitura
-    {
-        QString Anterior = xmlp::PastaDoDocumento();
-        explicit TPastaDaLeitura(const QString &pasta) { xmlp::PastaDoDocumento() = pasta; }
-        ~TPastaDaLeitura() { xmlp::PastaDoDocumento() = Anterior; }
-    } pasta(QFileInfo(nomeArquivo).absolutePath());
+    TLeituraXML leitura;
+    leitura.Pasta = QFileInfo(nomeArquivo).absolutePath();
     if (raiz && QString::fromUtf8(raiz.name()).compare(TAG_RAIZ, Qt::CaseInsensitive) == 0)
-        AtribuirXMLLista(Lista(), raiz);
+        AtribuirXMLLista(Lista(), TAcessoNoXML::Criar(raiz, &leitura));
     Lista().CalcularLimites();
 }
 
@@ -157,7 +164,7 @@ std::unique_ptr<TGISObjeto> TTratadorDeArquivosXML::ObterObjeto(const QString &t
     const pugi::xml_node primeiro = raiz.first_child();
     if (!primeiro)
         ErroIndiceLista(0);
-    return ObterXMLObjeto(primeiro);
+    return ObterXMLObjeto(TAcessoNoXML::Criar(primeiro, nullptr));
 }
 
 } // namespace tavru

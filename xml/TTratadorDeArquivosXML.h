@@ -10,8 +10,9 @@
 
 #include <QString>
 #include <QStringList>
+#include <tavru/xml/TNoXML.h>
+
 #include <memory>
-#include <pugixml.hpp>
 
 namespace tavru {
 
@@ -56,10 +57,12 @@ class TGISTrajeto;
 /// tamanho, coordenada, cor) levanta `EConvertError`, que termina a leitura inteira: os objetos
 /// já acrescentados à lista ficam nela; o objeto que estava sendo lido é descartado.
 ///
-/// O DOM é o do pugixml: o documento é lido na codificação que declara (ISO-8859-1 ou UTF-8) e
-/// os nós são percorridos por índice, os atributos buscados pelo nome, com maiúsculas
-/// distinguidas. Os métodos de leitura e de gravação de um objeto são estáticos, para que quem
-/// hospeda troque objetos soltos como texto XML sem um tratador.
+/// O documento é lido na codificação que declara (ISO-8859-1 ou UTF-8); os nós são percorridos em
+/// ordem, os atributos buscados pelo nome, com maiúsculas distinguidas. Os métodos de leitura e de
+/// gravação de um objeto são estáticos, para que quem hospeda troque objetos soltos como texto XML
+/// sem um tratador; os de leitura recebem um `TNoXML` (de um `TDocumentoXML`, por exemplo). Cada
+/// leitura guarda o seu estado (a pasta do documento, a profundidade de compostos) nela mesma:
+/// leituras em linhas de execução diferentes não se misturam.
 class TAVRU_GIS_EXPORT TTratadorDeArquivosXML : public TGISTratadorDeArquivo
 {
 public:
@@ -105,29 +108,29 @@ public:
     /// Area, Corredor, Trajeto, Linha, Texto, Composto: a primeira que o objeto é), e o bloco de
     /// informações. Nulo para um nome desconhecido (e para nós que não são elementos). Quem chama
     /// possui o objeto.
-    static std::unique_ptr<TGISObjeto> ObterXMLObjeto(const pugi::xml_node &node);
+    static std::unique_ptr<TGISObjeto> ObterXMLObjeto(const TNoXML &no);
     /// O objeto de um texto com um elemento: o texto é posto dentro de `<TAG_RAIZ>` e o primeiro
     /// filho da raiz vai para `ObterXMLObjeto`. \throws EListError (índice 0) texto sem nó dentro
     /// da raiz, como `ObterObjeto("")`; EFilerError texto mal formado ou com um caractere que o
     /// XML 1.0 proíbe (`&#0;`), com a linha e a coluna contadas no texto dado.
     static std::unique_ptr<TGISObjeto> ObterObjeto(const QString &texto);
     /// Acrescenta a `lista`, em ordem, o objeto de cada filho de `node` que tenha um.
-    static void AtribuirXMLLista(TGISObjetoList &lista, const pugi::xml_node &node);
-    static void AtribuirXMLImagem(TGISImagem &imagem, const pugi::xml_node &node);
-    static void AtribuirXMLPonto(TGISPonto &ponto, const pugi::xml_node &node);
-    static void AtribuirXMLTexto(TGISTexto &texto, const pugi::xml_node &node);
+    static void AtribuirXMLLista(TGISObjetoList &lista, const TNoXML &no);
+    static void AtribuirXMLImagem(TGISImagem &imagem, const TNoXML &no);
+    static void AtribuirXMLPonto(TGISPonto &ponto, const TNoXML &no);
+    static void AtribuirXMLTexto(TGISTexto &texto, const TNoXML &no);
     /// `Estilo`, `Cor` e o filho `Pontos`, depois `CalcularLimites`.
-    static void AtribuirXMLLinha(TGISLinha &linha, const pugi::xml_node &node);
+    static void AtribuirXMLLinha(TGISLinha &linha, const TNoXML &no);
     /// A linha e mais `EstiloPreenchimento` e `CorPreenchimento`.
-    static void AtribuirXMLArea(TGISArea &area, const pugi::xml_node &node);
+    static void AtribuirXMLArea(TGISArea &area, const TNoXML &no);
     /// `Esq` e `Dir`, depois lido como linha (o preenchimento não é lido).
-    static void AtribuirXMLCorredor(TGISCorredor &corredor, const pugi::xml_node &node);
-    static void AtribuirXMLTrajeto(TGISTrajeto &trajeto, const pugi::xml_node &node);
-    static void AtribuirXMLAreaCircular(TGISAreaCircular &area, const pugi::xml_node &node);
+    static void AtribuirXMLCorredor(TGISCorredor &corredor, const TNoXML &no);
+    static void AtribuirXMLTrajeto(TGISTrajeto &trajeto, const TNoXML &no);
+    static void AtribuirXMLAreaCircular(TGISAreaCircular &area, const TNoXML &no);
     /// A área circular e mais `RaioMaiorY` e `RaioMenorY`.
-    static void AtribuirXMLElipse(TGISElipse &elipse, const pugi::xml_node &node);
+    static void AtribuirXMLElipse(TGISElipse &elipse, const TNoXML &no);
     /// `AtribuirXMLLista` sobre a lista do próprio composto.
-    static void AtribuirXMLComposto(TGISComposto &composto, const pugi::xml_node &node);
+    static void AtribuirXMLComposto(TGISComposto &composto, const TNoXML &no);
     /// Os vértices de um elemento `Pontos` acrescentados a `partes`.
     ///
     /// Os filhos são vistos em ordem; um filho sem `Latitude` e sem `Longitude` é pulado. Uma
@@ -135,12 +138,12 @@ public:
     /// falta num filho repete o do vértice anterior (zero no primeiro). Uma parte nova começa no
     /// filho de índice 0, em todo filho com `Tipo="Inicio"` (exato) e no primeiro filho aceito
     /// quando ainda não há parte. Os nomes dos filhos não são olhados.
-    static void AtribuirXMLPontos(TGISPosicaoListList &partes, const pugi::xml_node &node);
+    static void AtribuirXMLPontos(TGISPosicaoListList &partes, const TNoXML &no);
     /// Os pontos de um trajeto: um `TGISPontoTrajeto` por filho com `Latitude` e `Longitude`, com
     /// a posição (o deslocamento guardado) e o bloco de informações do filho. Um ponto com o campo
     /// "Identificador" fica `Fixo`, com o `Rotulo` do campo "Objeto Acompanhado" ou, sem ele,
     /// "Ponto Fixo".
-    static void AtribuirXMLPontosTrajeto(TGISPontosTrajeto &pontos, const pugi::xml_node &node);
+    static void AtribuirXMLPontosTrajeto(TGISPontosTrajeto &pontos, const TNoXML &no);
 
     // Gravação: cada operação acrescenta linhas a `linhas` (um bloco de informações é uma entrada
     // só, com CR LF dentro).
@@ -174,6 +177,6 @@ public:
 /// "Trajeto", "Linha", "Corredor", "AreaCircular", "Elipse", "Texto", "Composto". Nulo para
 /// qualquer outro nome. Extensão: um "Area" com `Regra="ParImpar"` (o que `GravarArea` escreve para
 /// uma `TGISAreaComFuros`) dá a área com furos.
-TAVRU_GIS_EXPORT const TClasseObjeto *ObterRefClassObjetoGis(const pugi::xml_node &node);
+TAVRU_GIS_EXPORT const TClasseObjeto *ObterRefClassObjetoGis(const TNoXML &no);
 
 } // namespace tavru

@@ -22,6 +22,7 @@
 #include <tavru/platform/Exception.h>
 #include <tavru/xml/CodificacaoXML_p.h>
 #include <tavru/xml/ConfiguracaoXML.h>
+#include <tavru/xml/NoXML_p.h>
 
 #include <QDir>
 #include <QFileInfo>
@@ -31,25 +32,28 @@
 namespace tavru {
 
 using namespace xmlp;
+using xmlp::Dom;
 
 namespace {
 
 // Compostos dentro de compostos: a leitura é recursiva, então a profundidade tem limite (um
 // documento de fora não derruba o programa pela pilha).
+// A profundidade é da leitura (ver `TLeituraXML`), não do processo: duas leituras ao mesmo tempo
+// não somam os seus níveis.
 constexpr int ProfundidadeMaxima = 200;
-thread_local int Profundidade = 0;
 
 struct TNivel
 {
-    TNivel()
+    explicit TNivel(TLeituraXML &leitura) : FLeitura(leitura)
     {
-        if (Profundidade >= ProfundidadeMaxima)
+        if (FLeitura.Profundidade >= ProfundidadeMaxima)
             throw EFilerError(QStringLiteral("Compostos aninhados em mais de %1 níveis: o documento não é lido além "
                                              "daqui.")
                                   .arg(ProfundidadeMaxima));
-        ++Profundidade;
+        ++FLeitura.Profundidade;
     }
-    ~TNivel() { --Profundidade; }
+    ~TNivel() { --FLeitura.Profundidade; }
+    TLeituraXML &FLeitura;
     TNivel(const TNivel &) = delete;
     TNivel &operator=(const TNivel &) = delete;
 };
@@ -122,8 +126,9 @@ void LerInformacoes(const pugi::xml_node &node, TInformacoes &informacoes)
 
 } // namespace
 
-const TClasseObjeto *ObterRefClassObjetoGis(const pugi::xml_node &node)
+const TClasseObjeto *ObterRefClassObjetoGis(const TNoXML &no)
 {
+    const pugi::xml_node node = Dom(no);
     struct TEntrada
     {
         const char *Nome;
@@ -149,54 +154,58 @@ const TClasseObjeto *ObterRefClassObjetoGis(const pugi::xml_node &node)
     return nullptr;
 }
 
-std::unique_ptr<TGISObjeto> TTratadorDeArquivosXML::ObterXMLObjeto(const pugi::xml_node &node)
+std::unique_ptr<TGISObjeto> TTratadorDeArquivosXML::ObterXMLObjeto(const TNoXML &no)
 {
-    const TClasseObjeto *classe = ObterRefClassObjetoGis(node);
+    const pugi::xml_node node = Dom(no);
+    const TClasseObjeto *classe = ObterRefClassObjetoGis(no);
     if (!classe)
         return nullptr;
     std::unique_ptr<TGISObjeto> objeto = classe->Criar();
     TGISObjeto *o = objeto.get();
     if (auto *imagem = dynamic_cast<TGISImagem *>(o))
-        AtribuirXMLImagem(*imagem, node);
+        AtribuirXMLImagem(*imagem, no);
     else if (auto *ponto = dynamic_cast<TGISPonto *>(o))
-        AtribuirXMLPonto(*ponto, node);
+        AtribuirXMLPonto(*ponto, no);
     else if (auto *elipse = dynamic_cast<TGISElipse *>(o))
-        AtribuirXMLElipse(*elipse, node);
+        AtribuirXMLElipse(*elipse, no);
     else if (auto *circular = dynamic_cast<TGISAreaCircular *>(o))
-        AtribuirXMLAreaCircular(*circular, node);
+        AtribuirXMLAreaCircular(*circular, no);
     else if (auto *area = dynamic_cast<TGISArea *>(o))
-        AtribuirXMLArea(*area, node);
+        AtribuirXMLArea(*area, no);
     else if (auto *corredor = dynamic_cast<TGISCorredor *>(o))
-        AtribuirXMLCorredor(*corredor, node);
+        AtribuirXMLCorredor(*corredor, no);
     else if (auto *trajeto = dynamic_cast<TGISTrajeto *>(o))
-        AtribuirXMLTrajeto(*trajeto, node);
+        AtribuirXMLTrajeto(*trajeto, no);
     else if (auto *linha = dynamic_cast<TGISLinha *>(o))
-        AtribuirXMLLinha(*linha, node);
+        AtribuirXMLLinha(*linha, no);
     else if (auto *texto = dynamic_cast<TGISTexto *>(o))
-        AtribuirXMLTexto(*texto, node);
+        AtribuirXMLTexto(*texto, no);
     else if (auto *composto = dynamic_cast<TGISComposto *>(o))
-        AtribuirXMLComposto(*composto, node);
+        AtribuirXMLComposto(*composto, no);
     LerInformacoes(node, o->Informacoes());
     return objeto;
 }
 
-void TTratadorDeArquivosXML::AtribuirXMLLista(TGISObjetoList &lista, const pugi::xml_node &node)
+void TTratadorDeArquivosXML::AtribuirXMLLista(TGISObjetoList &lista, const TNoXML &no)
 {
+    const pugi::xml_node node = Dom(no);
     for (pugi::xml_node filho = node.first_child(); filho; filho = filho.next_sibling())
-        if (std::unique_ptr<TGISObjeto> objeto = ObterXMLObjeto(filho))
+        if (std::unique_ptr<TGISObjeto> objeto = ObterXMLObjeto(Na(no, filho)))
             lista.Add(objeto.release());
 }
 
-void TTratadorDeArquivosXML::AtribuirXMLImagem(TGISImagem &imagem, const pugi::xml_node &node)
+void TTratadorDeArquivosXML::AtribuirXMLImagem(TGISImagem &imagem, const TNoXML &no)
 {
+    const pugi::xml_node node = Dom(no);
     const char *v;
     if (Atributo(node, "Arquivo", v)) {
         // Um nome relativo vale primeiro ao lado do documento, depois na pasta de trabalho. O que
         // existe e não é um arquivo comum (um dispositivo, "/dev/zero", um FIFO) é erro de
         // `LerArquivo`, com o nome; o que não existe não é lido, sem erro.
         QString arquivo = Texto(v);
-        if (!arquivo.isEmpty() && QFileInfo(arquivo).isRelative() && !PastaDoDocumento().isEmpty()) {
-            const QString aoLado = QDir(PastaDoDocumento()).filePath(arquivo);
+        const TLeituraXML *leitura = TAcessoNoXML::Leitura(no);
+        if (!arquivo.isEmpty() && QFileInfo(arquivo).isRelative() && leitura && !leitura->Pasta.isEmpty()) {
+            const QString aoLado = QDir(leitura->Pasta).filePath(arquivo);
             if (QFileInfo::exists(aoLado))
                 arquivo = aoLado;
         }
@@ -217,8 +226,9 @@ void TTratadorDeArquivosXML::AtribuirXMLImagem(TGISImagem &imagem, const pugi::x
         imagem.AtribuirCor(LerCorHexadecimal(v));
 }
 
-void TTratadorDeArquivosXML::AtribuirXMLPonto(TGISPonto &ponto, const pugi::xml_node &node)
+void TTratadorDeArquivosXML::AtribuirXMLPonto(TGISPonto &ponto, const TNoXML &no)
 {
+    const pugi::xml_node node = Dom(no);
     TGISPosicao p = ponto.Posicao();
     LerPosicao(node, p);
     ponto.AtribuirPosicao(p);
@@ -255,8 +265,9 @@ void TTratadorDeArquivosXML::AtribuirXMLPonto(TGISPonto &ponto, const pugi::xml_
     }
 }
 
-void TTratadorDeArquivosXML::AtribuirXMLTexto(TGISTexto &texto, const pugi::xml_node &node)
+void TTratadorDeArquivosXML::AtribuirXMLTexto(TGISTexto &texto, const TNoXML &no)
 {
+    const pugi::xml_node node = Dom(no);
     const char *v;
     // A fonte vai inteira antes do texto: o texto é medido uma vez só.
     TFont fonte = texto.Fonte();
@@ -273,42 +284,47 @@ void TTratadorDeArquivosXML::AtribuirXMLTexto(TGISTexto &texto, const pugi::xml_
         texto.AtribuirTexto(Texto(v));
 }
 
-void TTratadorDeArquivosXML::AtribuirXMLLinha(TGISLinha &linha, const pugi::xml_node &node)
+void TTratadorDeArquivosXML::AtribuirXMLLinha(TGISLinha &linha, const TNoXML &no)
 {
+    const pugi::xml_node node = Dom(no);
     LerEstilo(node, linha);
     LerCorDaCaneta(node, linha);
     if (const pugi::xml_node pontos = node.child("Pontos"))
-        AtribuirXMLPontos(linha.Pontos(), pontos);
+        AtribuirXMLPontos(linha.Pontos(), Na(no, pontos));
     linha.CalcularLimites();
 }
 
-void TTratadorDeArquivosXML::AtribuirXMLArea(TGISArea &area, const pugi::xml_node &node)
+void TTratadorDeArquivosXML::AtribuirXMLArea(TGISArea &area, const TNoXML &no)
 {
+    const pugi::xml_node node = Dom(no);
     LerPreenchimento(node, area);
-    AtribuirXMLLinha(area, node);
+    AtribuirXMLLinha(area, no);
 }
 
-void TTratadorDeArquivosXML::AtribuirXMLCorredor(TGISCorredor &corredor, const pugi::xml_node &node)
+void TTratadorDeArquivosXML::AtribuirXMLCorredor(TGISCorredor &corredor, const TNoXML &no)
 {
+    const pugi::xml_node node = Dom(no);
     const char *v;
     if (Atributo(node, "Esq", v))
         corredor.AtribuirEsq(StrToDistancia(Texto(v)));
     if (Atributo(node, "Dir", v))
         corredor.AtribuirDir(StrToDistancia(Texto(v)));
-    AtribuirXMLLinha(corredor, node);
+    AtribuirXMLLinha(corredor, no);
 }
 
-void TTratadorDeArquivosXML::AtribuirXMLTrajeto(TGISTrajeto &trajeto, const pugi::xml_node &node)
+void TTratadorDeArquivosXML::AtribuirXMLTrajeto(TGISTrajeto &trajeto, const TNoXML &no)
 {
+    const pugi::xml_node node = Dom(no);
     LerEstilo(node, trajeto);
     LerCorDaCaneta(node, trajeto);
     if (const pugi::xml_node pontos = node.child("Pontos"))
-        AtribuirXMLPontosTrajeto(trajeto.Pontos(), pontos);
+        AtribuirXMLPontosTrajeto(trajeto.Pontos(), Na(no, pontos));
     trajeto.CalcularLimites();
 }
 
-void TTratadorDeArquivosXML::AtribuirXMLAreaCircular(TGISAreaCircular &area, const pugi::xml_node &node)
+void TTratadorDeArquivosXML::AtribuirXMLAreaCircular(TGISAreaCircular &area, const TNoXML &no)
 {
+    const pugi::xml_node node = Dom(no);
     TGISPosicao centro = area.Posicao();
     LerPosicao(node, centro);
     area.AtribuirPosicao(centro);
@@ -327,9 +343,10 @@ void TTratadorDeArquivosXML::AtribuirXMLAreaCircular(TGISAreaCircular &area, con
     LerCorDaCaneta(node, area);
 }
 
-void TTratadorDeArquivosXML::AtribuirXMLElipse(TGISElipse &elipse, const pugi::xml_node &node)
+void TTratadorDeArquivosXML::AtribuirXMLElipse(TGISElipse &elipse, const TNoXML &no)
 {
-    AtribuirXMLAreaCircular(elipse, node);
+    const pugi::xml_node node = Dom(no);
+    AtribuirXMLAreaCircular(elipse, no);
     const char *v;
     if (Atributo(node, "RaioMaiorY", v))
         elipse.AtribuirRaioMaiorY(StrToDistancia(Texto(v)));
@@ -337,14 +354,17 @@ void TTratadorDeArquivosXML::AtribuirXMLElipse(TGISElipse &elipse, const pugi::x
         elipse.AtribuirRaioMenorY(StrToDistancia(Texto(v)));
 }
 
-void TTratadorDeArquivosXML::AtribuirXMLComposto(TGISComposto &composto, const pugi::xml_node &node)
+void TTratadorDeArquivosXML::AtribuirXMLComposto(TGISComposto &composto, const TNoXML &no)
 {
-    const TNivel nivel;
-    AtribuirXMLLista(composto.Objetos(), node);
+    TLeituraXML nova; // um composto lido fora de uma leitura começa uma
+    const TNoXML comLeitura = ComLeitura(no, nova);
+    const TNivel nivel(*TAcessoNoXML::Leitura(comLeitura));
+    AtribuirXMLLista(composto.Objetos(), comLeitura);
 }
 
-void TTratadorDeArquivosXML::AtribuirXMLPontos(TGISPosicaoListList &partes, const pugi::xml_node &node)
+void TTratadorDeArquivosXML::AtribuirXMLPontos(TGISPosicaoListList &partes, const TNoXML &no)
 {
+    const pugi::xml_node node = Dom(no);
     // Os vértices da parte corrente se juntam num vetor e vão para a parte de uma vez, com a
     // memória exata (sem a folga do crescimento).
     TGISPosicaoList *parte = nullptr;
@@ -388,8 +408,9 @@ void TTratadorDeArquivosXML::AtribuirXMLPontos(TGISPosicaoListList &partes, cons
     fecharParte();
 }
 
-void TTratadorDeArquivosXML::AtribuirXMLPontosTrajeto(TGISPontosTrajeto &pontos, const pugi::xml_node &node)
+void TTratadorDeArquivosXML::AtribuirXMLPontosTrajeto(TGISPontosTrajeto &pontos, const TNoXML &no)
 {
+    const pugi::xml_node node = Dom(no);
     for (pugi::xml_node filho = node.first_child(); filho; filho = filho.next_sibling()) {
         const pugi::xml_attribute latitude = filho.attribute("Latitude");
         const pugi::xml_attribute longitude = filho.attribute("Longitude");

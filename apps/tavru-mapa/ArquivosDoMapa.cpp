@@ -17,7 +17,7 @@ namespace {
 
 QString TipoOuPelaExtensao(const QString &arquivo, const QString &tipo, bool leitura)
 {
-    const QString achado = tipo.isEmpty() ? TGISObjetoList::ObterTipoPelaExtencao(QFileInfo(arquivo).suffix(), leitura) : tipo;
+    const QString achado = tipo.isEmpty() ? TGISObjetoList::ObterTipoPeloArquivo(arquivo, leitura) : tipo;
     if (achado.isEmpty())
         throw EInvalidOperation(QStringLiteral("Nenhum tratador de arquivo %1 arquivos do tipo \"%2\".")
                                     .arg(leitura ? QStringLiteral("lê") : QStringLiteral("grava"),
@@ -30,7 +30,7 @@ QString TipoOuPelaExtensao(const QString &arquivo, const QString &tipo, bool lei
 QString TipoDoArquivo(const QString &arquivo, const QString &filtroEscolhido, bool leitura)
 {
     const QString tipo = TGISObjetoList::ObterTipoPeloFiltro(filtroEscolhido, leitura);
-    return tipo.isEmpty() ? TGISObjetoList::ObterTipoPelaExtencao(QFileInfo(arquivo).suffix(), leitura) : tipo;
+    return tipo.isEmpty() ? TGISObjetoList::ObterTipoPeloArquivo(arquivo, leitura) : tipo;
 }
 
 void AjustarDocumentosDoAplicativo()

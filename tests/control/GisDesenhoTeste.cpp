@@ -249,6 +249,59 @@ TEST_F(GisDesenho, SelecaoComVetoSetaEVisualizador)
     EXPECT_EQ(pedidos.size(), 5);
 }
 
+TEST_F(GisDesenho, SelecaoLiberadaEEsquecidaSemPerguntarExtraidaFica)
+{
+    TVisualizadorInformacoes visualizador;
+    gis.AtribuirVisualizadorInformacoes(&visualizador);
+    int pedidos = 0;
+    gis.OnMudaObjetoSelecionado = [&](QObject *, TGISObjeto *, bool &) { ++pedidos; };
+    TGISCamada &c = NovaCamada(gis, "c");
+    // Cada forma de liberar pela lista, pela camada ou pelo controle.
+    const std::vector<std::function<void(TGISObjeto *)>> liberar = {
+        [&](TGISObjeto *o) { c.Objetos().Remove(o); },
+        [&](TGISObjeto *o) { c.Objetos().Delete(c.Objetos().IndexOf(o)); },
+        [&](TGISObjeto *) { c.Objetos().Clear(); },
+        [&](TGISObjeto *o) { c.Objetos().AtribuirGISObjeto(c.Objetos().IndexOf(o), nullptr); },
+        [&](TGISObjeto *) { gis.Camadas().Remove(&c); },
+    };
+    for (size_t i = 0; i < liberar.size(); ++i) { // a camada `c` só sai na última
+        TObjetoRet *a = Objeto(c, Graus(-9, -9, 9, 9), "A");
+        gis.SelecionarObjeto(a);
+        ASSERT_TRUE(gis.Seta().Mostrar());
+        ferramenta.Selecionados.clear();
+        const int antes = pedidos;
+        const int desenhos = gis.Desenhos;
+        liberar[i](a);
+        EXPECT_EQ(gis.ObjetoSelecionado(), nullptr) << i;
+        EXPECT_FALSE(gis.Seta().Mostrar()) << i;
+        EXPECT_EQ(visualizador.ObterTotal(), 0) << i;
+        EXPECT_EQ(ferramenta.Selecionados, QList<TGISObjeto *>({nullptr})) << i;
+        EXPECT_EQ(pedidos, antes) << i;          // sem perguntar
+        EXPECT_EQ(gis.Desenhos, desenhos) << i;  // sem redesenhar...
+        diario.clear();
+        gis.Desenhar();                          // ...e o próximo desenho não toca o liberado
+        EXPECT_FALSE(diario.join(',').contains("sel:")) << i;
+    }
+
+    // Extrair (e mover) não muda a seleção; o objeto extraído pode ser liberado depois.
+    TGISCamada &d = NovaCamada(gis, "d");
+    TObjetoRet *b = Objeto(d, Graus(-9, -9, 9, 9), "B");
+    Objeto(d, Graus(-9, -9, 9, 9), "C");
+    gis.SelecionarObjeto(b);
+    d.Objetos().Exchange(0, 1);
+    std::unique_ptr<TGISObjeto> extraido(d.Objetos().Extract(b));
+    EXPECT_EQ(gis.ObjetoSelecionado(), b);
+    extraido.reset();
+    EXPECT_EQ(gis.ObjetoSelecionado(), nullptr);
+
+    // Um objeto que não é do controle e morre depois dele não chama o controle morto.
+    TObjetoRet solto;
+    {
+        TGis outro;
+        outro.SelecionarObjeto(&solto);
+    }
+}
+
 TEST_F(GisDesenho, TabelaDeCoresEComponentesDestruidos)
 {
     auto *tabela = new TTabelaDeCores;

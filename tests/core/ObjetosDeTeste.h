@@ -27,7 +27,7 @@ public:
         TGISObjeto::AtribuirPosicao(p);
     }
     const TClasseObjeto &Classe() const override { return ClasseTeste; }
-    void AtribuirCor(TColor cor) override { FCor = cor; }
+    void AtribuirCor(TColor cor) override { FCor = cor; Mudou(); }
     TColor ObterCor() const override { return FCor; }
     bool ConfiguracaoPadrao(const TGISProjecao &, const TPoint &) override { return true; }
     void Desenhar(TCanvas &, const TGISProjecao &, bool) override {}

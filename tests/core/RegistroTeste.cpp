@@ -5,7 +5,9 @@
 
 #include <tavru/platform/Exception.h>
 
+#include <QFile>
 #include <QIODevice>
+#include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 using namespace tavru;
@@ -36,6 +38,21 @@ public:
     using TTratadorA::TTratadorA;
 };
 const TClasseTratador TTratadorB::Classe = TClasseTratador::De<TTratadorB>("TTratadorB");
+
+/// Reconhece só arquivos que começam com "TIF2"; lê a opção "camada".
+class TTratadorAssinado : public TTratadorA
+{
+public:
+    static const TClasseTratador Classe;
+    using TTratadorA::TTratadorA;
+    void Ler(const QString &nome) override
+    {
+        Chamadas.append(QStringLiteral("camada=") + Opcoes().value(QStringLiteral("camada")).toString());
+        TTratadorA::Ler(nome);
+    }
+    bool Reconhece(QIODevice &fluxo) override { return fluxo.read(4) == "TIF2"; }
+};
+const TClasseTratador TTratadorAssinado::Classe = TClasseTratador::De<TTratadorAssinado>("TTratadorAssinado");
 
 const QString Shp = QStringLiteral("Shapefiles (*.shp)|*.shp");
 const QString Tiff = QStringLiteral("Imagens TIFF (*.tiff)|*.tiff");
@@ -97,6 +114,58 @@ TEST_F(Registro, BuscasPorFiltroEPorExtensao)
     EXPECT_EQ(c, nullptr);
     EXPECT_TRUE(L::ObterRefClassPeloTipo("Imagem", c));
     EXPECT_EQ(c, &TTratadorB::Classe);
+}
+
+TEST_F(Registro, BuscaExataPeloArquivoComParecidosEDoisPretendentes)
+{
+    QTemporaryDir pasta;
+    auto arquivo = [&pasta](const char *nome, const QByteArray &conteudo) {
+        const QString caminho = pasta.filePath(QString::fromLatin1(nome));
+        QFile f(caminho);
+        EXPECT_TRUE(f.open(QIODevice::WriteOnly));
+        f.write(conteudo);
+        return caminho;
+    };
+    Registrar("TIFF", TTratadorA::Classe, Tiff, QString());            // *.tiff
+    Registrar("Imagem", TTratadorA::Classe, Tif, Tif);                 // *.tif;*.png
+    Registrar("TIF2", TTratadorAssinado::Classe, "TIF2 (*.tif)|*.tif", QString());
+    Registrar("Shape", TTratadorB::Classe, Shp, Shp);
+
+    // Parecidos: a busca solta acha ".tif" dentro de "*.tiff"; a exata não.
+    const QString tif = arquivo("foto.TIF", "II*\0");
+    EXPECT_EQ(L::ObterTipoPelaExtencao("tif", true), "TIFF");
+    EXPECT_EQ(L::ObterTipoPeloArquivo(arquivo("foto.tiff", "x"), true), "TIFF");
+    EXPECT_EQ(L::ObterTipoPeloArquivo(pasta.filePath("rio.shp"), true), "Shape"); // um só: nem abre
+    EXPECT_EQ(L::ObterTipoPeloArquivo(pasta.filePath("rio.shp.bak"), true), QString());
+    EXPECT_EQ(L::ObterTipoPeloArquivo(pasta.filePath("shp"), true), QString());
+    EXPECT_EQ(L::ObterTipoPeloArquivo(pasta.filePath("foto.ti"), true), QString());
+
+    // Dois pretendentes de "*.tif": quem reconhece ganha, mesmo registrado depois; ninguém
+    // reconhece (A reconhece tudo, então só com ele de fora) ou sem arquivo: o primeiro.
+    EXPECT_EQ(L::ObterTipoPeloArquivo(arquivo("b.tif", "TIF2...."), true), "Imagem"); // A reconhece tudo
+    L::RemoverRegistroTratadorDeArquivo(TTratadorA::Classe);
+    Registrar("Outro", TTratadorB::Classe, "Outro (*.tif)|*.tif", QString());
+    Registrar("TIF2b", TTratadorAssinado::Classe, "TIF2 (*.tif)|*.tif", QString());
+    // B (Outro) reconhece tudo mas vem depois de TIF2: TIF2 reconhece primeiro.
+    EXPECT_EQ(L::ObterTipoPeloArquivo(arquivo("c.tif", "TIF2...."), true), "TIF2");
+    L::LimparRegistro();
+    Registrar("Outro", TTratadorAssinado::Classe, "Outro (*.tif)|*.tif", QString());
+    Registrar("TIF2", TTratadorAssinado::Classe, "TIF2 (*.tif)|*.tif", QString());
+    Registrar("Ultimo", TTratadorB::Classe, "U (*.tif)|*.tif", QString());
+    EXPECT_EQ(L::ObterTipoPeloArquivo(arquivo("d.tif", "nada"), true), "Ultimo"); // o único que reconhece
+    L::RemoverRegistroTratadorDeArquivo(TTratadorB::Classe);
+    EXPECT_EQ(L::ObterTipoPeloArquivo(tif, true), "Outro"); // nenhum reconhece: o primeiro
+    EXPECT_EQ(L::ObterTipoPeloArquivo(pasta.filePath("falta.tif"), true), "Outro");
+    EXPECT_EQ(L::ObterTipoPeloArquivo(tif, false), QString()); // sem filtro de gravação
+}
+
+TEST_F(Registro, OpcoesDeLeituraChegamAoTratador)
+{
+    Registrar("A", TTratadorAssinado::Classe, Shp, Shp);
+    TGISObjetoList l;
+    EXPECT_TRUE(l.Ler("x.shp", "A", QVariantMap{{QStringLiteral("camada"), QStringLiteral("rios")}}));
+    EXPECT_TRUE(l.Ler("y.shp", "A")); // sem opções: vazias, não as da leitura anterior
+    EXPECT_EQ(Chamadas, QStringList({"camada=rios", "Ler x.shp", "liberado", "camada=", "Ler y.shp", "liberado"}));
 }
 
 TEST_F(Registro, RepetidoLevantaERemoverTiraTodasDaClasse)

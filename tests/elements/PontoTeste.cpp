@@ -153,13 +153,22 @@ TEST(Ponto, SimboloDaTabelaOuTrianguloNoLugar)
     EXPECT_EQ(nomes(), QString());
     EXPECT_EQ(simbolo->R, TRect(495, 495, 505, 505));
     EXPECT_DOUBLE_EQ(simbolo->A, 0.5);
+    // A tabela dada a um canvas vale nele, mesmo nula, no lugar da da classe.
+    TCanvasGravador semTabela;
+    TGISObjeto::AtribuirTabelaSimbolos(semTabela, nullptr);
+    ponto.Desenhar(semTabela, projecao, false);
+    EXPECT_EQ(semTabela.Nomes().join(' '), "Polygon");
     TGISObjeto::AtribuirTabelaSimbolos(nullptr);
+    TCanvasGravador comTabela;
+    TGISObjeto::AtribuirTabelaSimbolos(comTabela, &tabela);
+    ponto.Desenhar(comTabela, projecao, false);
+    EXPECT_EQ(comTabela.Nomes().join(' '), QString());
 }
 
 TEST(Ponto, CarimboDaOMesmoDesenhoQueODireto)
 {
     TProjecaoUmPorUm projecao;
-    TGISPonto::LimparCarimbos();
+    int carimbos = 0; // os do canvas do último quadro
     auto quadro = [&](bool carimbo) {
         TGISPonto::AtribuirUsarCarimbo(carimbo);
         QImage imagem(240, 240, QImage::Format_ARGB32_Premultiplied);
@@ -180,13 +189,14 @@ TEST(Ponto, CarimboDaOMesmoDesenhoQueODireto)
                     ponto.Desenhar(canvas, projecao, false);
                     ++k;
                 }
+        carimbos = TGISPonto::TotalDeCarimbos(canvas);
         canvas.AtribuirImagem(nullptr);
         return imagem;
     };
     const QImage direto = quadro(false);
     const QImage carimbado = quadro(true);
     TGISPonto::AtribuirUsarCarimbo(true);
-    EXPECT_GT(TGISPonto::TotalDeCarimbos(), 20);
+    EXPECT_GT(carimbos, 20);
     int diferentes = 0;
     for (int y = 0; y < direto.height(); ++y)
         for (int x = 0; x < direto.width(); ++x)
