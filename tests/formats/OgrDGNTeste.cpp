@@ -156,7 +156,7 @@ TEST_F(DGN, PreenchimentoElipseArcoECelula)
 {
     ASSERT_EQ(TTratadorDeArquivosDGN::CarregarPlugins(PastaDoPacote("dgn-graus")), 1);
     TGISObjetoList lista;
-    ASSERT_TRUE(lista.Ler(TAVRU_DADOS "/dgn/especiais.dgn", "tavru_dgn_graus" + So));
+    ASSERT_TRUE(lista.Ler(TAVRU_DADOS "/dgn/arcos_e_celulas.dgn", "tavru_dgn_graus" + So));
     // A linha da base, a forma preenchida, a elipse, o arco e as duas partes da célula.
     ASSERT_EQ(lista.Count(), 6);
 

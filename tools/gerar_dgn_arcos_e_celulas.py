@@ -2,7 +2,7 @@
 """Acrescenta a um desenho DGN v7 feito pelo ogr2ogr os elementos que o escritor do GDAL não
 grava: uma forma preenchida, uma elipse, um arco e uma célula com uma linha e uma forma.
 
-Uso: gerar_dgn_especiais.py BASE.dgn SAIDA.dgn
+Uso: gerar_dgn_arcos_e_celulas.py BASE.dgn SAIDA.dgn
 
 BASE.dgn é um desenho em graus (MASTER_UNIT_NAME=dg, 1000 subunidades, 1000 UOR por subunidade)
 cujo primeiro elemento gráfico é a linha de (-45, -20) a (-44, -19); dela saem a escala e a
