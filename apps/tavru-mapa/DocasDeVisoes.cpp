@@ -1,0 +1,41 @@
+#include "DocasDeVisoes.h"
+
+#include <tavru/control/TGis.h>
+#include <tavru/views/TGISConfigurarCamadas.h>
+#include <tavru/views/TGISMiniatura.h>
+
+#include <QDockWidget>
+#include <QMainWindow>
+#include <QMenu>
+
+namespace tavru {
+
+namespace {
+
+QDockWidget &Doca(QMainWindow &janela, QMenu &exibir, const QString &titulo, const QString &nome, QWidget *conteudo)
+{
+    auto *doca = new QDockWidget(titulo, &janela);
+    doca->setObjectName(nome);
+    conteudo->setParent(doca);
+    doca->setWidget(conteudo);
+    janela.addDockWidget(Qt::LeftDockWidgetArea, doca);
+    exibir.addAction(doca->toggleViewAction());
+    return *doca;
+}
+
+} // namespace
+
+void MontarDocasDeVisoes(QMainWindow &janela, TGis &gis, QMenu &exibir)
+{
+    auto *painel = new TGISConfigurarCamadas;
+    painel->setObjectName(QStringLiteral("painelDeCamadas"));
+    painel->AtribuirGis(&gis);
+    Doca(janela, exibir, QStringLiteral("Camadas"), QStringLiteral("Camadas"), painel);
+
+    auto *miniatura = new TGISMiniatura;
+    miniatura->setObjectName(QStringLiteral("miniatura"));
+    miniatura->AtribuirGis(&gis);
+    Doca(janela, exibir, QStringLiteral("Situação"), QStringLiteral("Situacao"), miniatura);
+}
+
+} // namespace tavru

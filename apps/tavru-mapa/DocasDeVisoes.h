@@ -1,0 +1,17 @@
+#pragma once
+/// \file
+/// As docas das visões em volta do mapa na demonstração: o painel de camadas, o mapa de situação e
+/// a árvore de acompanhamento.
+
+class QMainWindow;
+class QMenu;
+
+namespace tavru {
+
+class TGis;
+
+/// Põe à esquerda de `janela` as docas "Camadas" (o painel de camadas de `gis`) e "Situação" (o
+/// mapa de situação) e acrescenta ao menu `exibir` a ação de mostrar cada uma.
+void MontarDocasDeVisoes(QMainWindow &janela, TGis &gis, QMenu &exibir);
+
+} // namespace tavru
