@@ -55,6 +55,20 @@ TEstadoEntidade TGISTreeNodeXMLEntidade::Estado() const
 
 void TGISTreeNodeXMLEntidade::AtualizarNo()
 {
+    // A caixa primeiro: cada mudança do item avisa a árvore, que compara a caixa com o objeto;
+    // com a caixa já certa, nenhum aviso intermediário desfaz a mudança.
+    if (FObjeto) {
+        setCheckState(0, FObjeto->Visivel() ? Qt::Checked : Qt::Unchecked);
+        setFlags(Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemIsUserCheckable);
+        setForeground(0, QBrush());
+        setForeground(1, QBrush());
+    } else {
+        // Sem objeto: cinza, sem caixa que prometa alguma coisa.
+        setData(0, Qt::CheckStateRole, QVariant());
+        setFlags(Qt::ItemIsSelectable);
+        setForeground(0, QBrush(Qt::gray));
+        setForeground(1, QBrush(Qt::gray));
+    }
     static const char *const estados[] = {"mostrada", "escondida", "ausente"};
     QString rotulo = FObjeto && FGis ? FGis->ObterRotulo(*FObjeto) : QString();
     if (rotulo.isEmpty())
@@ -63,18 +77,6 @@ void TGISTreeNodeXMLEntidade::AtualizarNo()
     const QString tipo = TipoDaEntidade();
     const QString estado = QString::fromUtf8(estados[Estado()]);
     setText(1, tipo.isEmpty() ? estado : QStringLiteral("%1 (%2)").arg(tipo, estado));
-    if (FObjeto) {
-        setFlags(Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemIsUserCheckable);
-        setCheckState(0, FObjeto->Visivel() ? Qt::Checked : Qt::Unchecked);
-        setForeground(0, QBrush());
-        setForeground(1, QBrush());
-    } else {
-        // Sem objeto: cinza, sem caixa que prometa alguma coisa.
-        setFlags(Qt::ItemIsSelectable);
-        setData(0, Qt::CheckStateRole, QVariant());
-        setForeground(0, QBrush(Qt::gray));
-        setForeground(1, QBrush(Qt::gray));
-    }
 }
 
 bool TGISTreeNodeXMLEntidade::AtribuirVisivel(bool visivel)

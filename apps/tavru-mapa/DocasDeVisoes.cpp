@@ -1,12 +1,15 @@
 #include "DocasDeVisoes.h"
 
 #include <tavru/control/TGis.h>
+#include <tavru/platform/Exception.h>
+#include <tavru/views/TGISArvoreDeAcompanhamento.h>
 #include <tavru/views/TGISConfigurarCamadas.h>
 #include <tavru/views/TGISMiniatura.h>
 
 #include <QDockWidget>
 #include <QMainWindow>
 #include <QMenu>
+#include <cstdio>
 
 namespace tavru {
 
@@ -36,6 +39,17 @@ void MontarDocasDeVisoes(QMainWindow &janela, TGis &gis, QMenu &exibir)
     miniatura->setObjectName(QStringLiteral("miniatura"));
     miniatura->AtribuirGis(&gis);
     Doca(janela, exibir, QStringLiteral("Situação"), QStringLiteral("Situacao"), miniatura);
+
+    // A situação de exemplo acompanha os meios da camada de plotagem pelo "Identificador".
+    auto *arvore = new TGISArvoreDeAcompanhamento;
+    arvore->setObjectName(QStringLiteral("acompanhamento"));
+    arvore->AtribuirGis(&gis);
+    try {
+        arvore->Abrir(QStringLiteral(":/acompanhamento/acompanhamento.xml"));
+    } catch (const Exception &erro) {
+        std::fprintf(stderr, "%s\n", qPrintable(erro.Message()));
+    }
+    Doca(janela, exibir, QStringLiteral("Acompanhamento"), QStringLiteral("Acompanhamento"), arvore);
 }
 
 } // namespace tavru
