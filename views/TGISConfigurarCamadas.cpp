@@ -10,7 +10,7 @@
 #include <QColorDialog>
 #include <QDropEvent>
 #include <QFileInfo>
-#include <QHBoxLayout>
+#include <QGridLayout>
 #include <QHeaderView>
 #include <QLocale>
 #include <QMenu>
@@ -98,11 +98,16 @@ TGISConfigurarCamadas::TGISConfigurarCamadas(QWidget *parent) : QWidget(parent),
     FDescer = botao(QStringLiteral("Descer"), QStringLiteral("Desenhar a camada mais abaixo"), [this] { Descer(CamadaEscolhida()); });
     FCor = botao(QStringLiteral("Cor"), QStringLiteral("Recolorir os objetos da camada"), [this] { PerguntarEColorir(); });
 
-    auto *botoes = new QHBoxLayout;
+    // Duas fileiras, para o painel caber numa doca estreita.
+    auto *botoes = new QGridLayout;
     botoes->setContentsMargins(0, 0, 0, 0);
-    for (QToolButton *b : {FInserir, FRemover, FImportar, FExportar, FSubir, FDescer, FCor})
-        botoes->addWidget(b);
-    botoes->addStretch();
+    botoes->setSpacing(2);
+    int n = 0;
+    for (QToolButton *b : {FInserir, FRemover, FImportar, FExportar, FSubir, FDescer, FCor}) {
+        b->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+        botoes->addWidget(b, n / 4, n % 4);
+        ++n;
+    }
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addLayout(botoes);

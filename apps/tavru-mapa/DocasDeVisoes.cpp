@@ -21,7 +21,7 @@ QDockWidget &Doca(QMainWindow &janela, QMenu &exibir, const QString &titulo, con
     doca->setObjectName(nome);
     conteudo->setParent(doca);
     doca->setWidget(conteudo);
-    janela.addDockWidget(Qt::LeftDockWidgetArea, doca);
+    janela.addDockWidget(Qt::RightDockWidgetArea, doca);
     exibir.addAction(doca->toggleViewAction());
     return *doca;
 }
@@ -38,6 +38,8 @@ void MontarDocasDeVisoes(QMainWindow &janela, TGis &gis, QMenu &exibir)
     auto *miniatura = new TGISMiniatura;
     miniatura->setObjectName(QStringLiteral("miniatura"));
     miniatura->AtribuirGis(&gis);
+    // O Brasil e a plotagem: os textos dos oceanos e a grade alargariam a extensão.
+    miniatura->AtribuirCamadas({QStringLiteral("Estados"), QStringLiteral("Lagos"), QStringLiteral("Plotagem")});
     Doca(janela, exibir, QStringLiteral("Situação"), QStringLiteral("Situacao"), miniatura);
 
     // A situação de exemplo acompanha os meios da camada de plotagem pelo "Identificador".
