@@ -43,7 +43,8 @@ enum TGISOperacaoCamada {
 /// (pergunta a cor e confirma antes, porque todos os objetos da camada são recoloridos) chamam as
 /// operações públicas de mesmo nome; arrastar uma linha para outra chama `Mover`. Cada operação
 /// levanta `OnAntesDaOperacao` (que pode vetar) e, feita, `OnDepoisDaOperacao`; o mapa é
-/// redesenhado uma vez por operação (`TGis::Desenhar`). As perguntas passam pelo provedor de
+/// redesenhado uma vez por operação (`TGis::Desenhar`), menos em "Exportar", que não muda o que
+/// se vê. As perguntas passam pelo provedor de
 /// diálogos (`Dialogos()`), exceto a da cor, que é `EscolherCor` (o seletor de cores do Qt por
 /// padrão). Erros de leitura e gravação chegam como mensagem de erro e o mapa fica como estava.
 ///
