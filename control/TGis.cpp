@@ -220,7 +220,8 @@ void TGis::DesenharCamada(TGISCamada &camada, TCanvas &canvas, const TGISProjeca
         const TRect tela = projecao.AreaTela();
         for (int i = 0; i < total; ++i) {
             TGISObjeto *objeto = objetos.Items(i);
-            if (!objeto)
+            // Um objeto escondido (`Visivel` falso) fica na camada mas não é desenhado nem rotulado.
+            if (!objeto || !objeto->Visivel())
                 continue;
             // Primeiro o teste barato da projeção (que só recusa o que está certamente fora),
             // depois o exato.
@@ -721,7 +722,8 @@ void TGis::ObterListaDeObjetos(const TPoint &ponto, TStringList &lista)
         const TGISObjetoList &objetos = camada.Objetos();
         for (int o = objetos.Count() - 1; o >= 0; --o) {
             TGISObjeto *objeto = objetos.Items(o);
-            if (!objeto)
+            // Um objeto escondido não é achado por clique.
+            if (!objeto || !objeto->Visivel())
                 continue;
             // Em ordem antes de crescer: a latitude maior fica em cima, e crescer o retângulo
             // projetado como veio o encolheria na vertical.

@@ -128,7 +128,9 @@ public:
     /// limites, inclusive), o objeto selecionado, a seta (quando mostrada) e chama `Paint`.
     virtual void Desenhar();
     /// Desenha os objetos da camada que caem na tela (e só se ela está visível) e depois os
-    /// rótulos deles, de modo que nenhum objeto cubra um rótulo da própria camada.
+    /// rótulos deles, de modo que nenhum objeto cubra um rótulo da própria camada. Um objeto com
+    /// `Visivel` falso é pulado (nem ele nem o rótulo dele), como nas consultas: o campo vale no
+    /// desenho e nas consultas, embora os passos de desenho de referência não o testem.
     ///
     /// Guarda o seu rascunho (os rótulos do quadro) no contexto do canvas e não muda o controle:
     /// duas camadas diferentes podem ser desenhadas ao mesmo tempo em dois canvas, com duas cópias
@@ -232,7 +234,8 @@ public:
     void CancelarClique() { FCliqueArmado = false; }
     /// Esvazia `lista` e põe nela o rótulo e o objeto de cada objeto rotulado sob `ponto`
     /// (pixels), de cima para baixo: camadas da última para a primeira (só as visíveis,
-    /// consultáveis e com o zoom nos seus limites), objetos do último para o primeiro.
+    /// consultáveis e com o zoom nos seus limites), objetos do último para o primeiro; objetos com
+    /// `Visivel` falso ficam de fora.
     void ObterListaDeObjetos(const TPoint &ponto, TStringList &lista);
     /// O objeto rotulado mais de cima sob `ponto`, ou nulo.
     TGISObjeto *ObterObjeto(const TPoint &ponto);

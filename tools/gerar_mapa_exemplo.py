@@ -213,14 +213,18 @@ def camada_plotagem():
     """Objetos de plotagem sobre o litoral do Nordeste e do Sudeste."""
     linhas = []
     # Meios acompanhados: pontos com nome, tipo e rumo nas informações.
-    meios = [("Fragata Independência", "Fragata", -34.2, -8.9, 45),
-             ("Corveta Barroso", "Corveta", -38.1, -13.6, 200),
-             ("Navio-Patrulha Guaíba", "Patrulha", -42.8, -23.6, 90)]
-    for nome, tipo, lon, lat, rumo in meios:
-        linhas += ponto(lon, lat, cor(0, 90, 200), [("Nome", nome), ("Tipo", tipo), ("Rumo", "%d°" % rumo)], (12, 12))
+    # O "Identificador" liga cada um à sua entidade no documento de acompanhamento
+    # (data/acompanhamento.xml).
+    meios = [("Fragata Independência", "Fragata", -34.2, -8.9, 45, "F-01"),
+             ("Corveta Barroso", "Corveta", -38.1, -13.6, 200, "C-02"),
+             ("Navio-Patrulha Guaíba", "Patrulha", -42.8, -23.6, 90, "P-03")]
+    for nome, tipo, lon, lat, rumo, ident in meios:
+        linhas += ponto(lon, lat, cor(0, 90, 200), [("Nome", nome), ("Tipo", tipo), ("Rumo", "%d°" % rumo),
+                                                   ("Identificador", ident)], (12, 12))
     # Derrota: a rota planejada da fragata, uma linha tracejada.
     derrota = [(-34.2, -8.9), (-34.6, -10.5), (-36.4, -12.4), (-38.1, -13.6), (-38.8, -16.0), (-39.0, -19.0)]
-    linhas += linha([derrota], CANETA_TRACEJADA, cor(0, 90, 200), [("Nome", "Derrota da Fragata Independência")])
+    linhas += linha([derrota], CANETA_TRACEJADA, cor(0, 90, 200), [("Nome", "Derrota da Fragata Independência"),
+                                                              ("Identificador", "D-01")])
     # Corredor de tráfego na saída da Baía de Guanabara.
     corredor = [(-43.15, -22.95), (-43.0, -23.4), (-42.2, -23.9), (-41.0, -24.2)]
     linhas += (['<Corredor Estilo="0" Cor="%s" EstiloPreenchimento="%d" CorPreenchimento="%s" Esq="8 MN" Dir="8 MN">'
@@ -235,7 +239,7 @@ def camada_plotagem():
     # Trajeto de uma aeronave de patrulha, com dois pontos identificados.
     trajeto = circulo_trajeto(-33.6, -4.6, 2.0, 8)
     linhas.append('<Trajeto Estilo="%d" Cor="%s">' % (CANETA_PONTILHADA, cor(20, 140, 60)))
-    linhas += informacoes([("Nome", "Patrulha Aérea Potiguar")])
+    linhas += informacoes([("Nome", "Patrulha Aérea Potiguar"), ("Identificador", "T-01")])
     linhas.append("<Pontos>")
     for i, (lon, lat) in enumerate(trajeto):
         linhas.append('<Ponto Latitude="%s" Longitude="%s">' % (grau(segundos(lat), True), grau(segundos(lon), False)))

@@ -1,6 +1,7 @@
 #include "TJanelaMapa.h"
 
 #include "ArquivosDoMapa.h"
+#include "DocasDeVisoes.h"
 #include "FerramentasDaJanela.h"
 #include "MapaEmbutido.h"
 #include "TJanelaDeSimbolos.h"
@@ -70,6 +71,7 @@ TJanelaMapa::TJanelaMapa(QWidget *parent)
     FGis->RegistrarMouseEvent(this);
     FFerramentas = new TFerramentasDaJanela(*this, *FGis, *FBarra, *FVisualizador);
     exibir->addAction((new TJanelaDeSimbolos(FGis, this))->toggleViewAction());
+    MontarDocasDeVisoes(*this, *FGis, *exibir);
     FGis->Zerado();
 }
 
