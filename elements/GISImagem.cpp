@@ -1,5 +1,6 @@
 #include <tavru/elements/GISImagem.h>
 
+#include <tavru/companions/geodesy/TFileFormatList.h>
 #include <tavru/core/TGISProjecao.h>
 #include <tavru/platform/ArquivoComum.h>
 #include <tavru/platform/Exception.h>
@@ -16,6 +17,7 @@
 #include <QMutexLocker>
 
 #include <algorithm>
+#include <cmath>
 #include <atomic>
 #include <cstdint>
 #include <new>
@@ -352,6 +354,23 @@ QImage Decodificar(QIODevice &dispositivo, const QString &nome)
     }
 }
 
+/// Decodifica pelo leitor do formato (os que a plataforma não lê), dentro do limite, e deixa a
+/// figura opaca e com 8 bits.
+QImage DecodificarPeloFormato(const TFormatoGrafico &formato, QIODevice &dispositivo, const QString &nome)
+{
+    QImage lida = formato.Ler(dispositivo, [&nome](QSize tamanho) { ConferirLimite(nome, tamanho); });
+    if (lida.isNull())
+        throw EInOutError(QStringLiteral("Formato de imagem desconhecido ou arquivo corrompido: %1").arg(nome));
+    try {
+        return Opaca8Bits(lida, nome);
+    } catch (const std::bad_alloc &) {
+        SemMemoria(nome, lida.size());
+    }
+}
+
+/// Quanto de um arquivo de mundo é olhado: seis números.
+constexpr qint64 TamanhoMaximoMundo = 4 * 1024;
+
 } // namespace
 
 const TClasseObjeto TGISImagem::Descritor = TClasseObjeto::De<TGISImagem>("TGISImagem");
@@ -458,17 +477,30 @@ void TGISImagem::LerArquivo(const QString &nome)
     const TChaveDeFigura chave{info.canonicalFilePath().isEmpty() ? info.absoluteFilePath() : info.canonicalFilePath(),
                                info.size(), info.lastModified().toMSecsSinceEpoch()};
     QImage figura = FigurasLidas().Procurar(chave);
-    if (figura.isNull())
-        figura = FigurasLidas().Guardar(chave, Decodificar(*arquivo, nome));
-    else
+    if (figura.isNull()) {
+        TFormatoGrafico formato;
+        const bool proprio = TFileFormatList::GraphicFromExtension(info.suffix(), formato) && formato.Ler;
+        figura = FigurasLidas().Guardar(chave, proprio ? DecodificarPeloFormato(formato, *arquivo, nome)
+                                                       : Decodificar(*arquivo, nome));
+    } else {
         ConferirLimite(nome, figura.size()); // o limite vale também para a figura já lida
+    }
     FImagem = figura;
-    LerArquivoGEO(nome);
+    if (!LerArquivoGEO(nome))
+        LerArquivoMundo(nome);
 }
 
 bool TGISImagem::LerArquivoGEO(const QString &nome)
 {
-    const QString geo = NomeArquivoGEO(nome);
+    TGISRet lida;
+    if (!LerGeo(NomeArquivoGEO(nome), lida))
+        return false;
+    FAreaImagem = ConcertaRect(lida);
+    return true;
+}
+
+bool TGISImagem::LerGeo(const QString &geo, TGISRet &area)
+{
     const std::unique_ptr<QFile> arquivo = AbrirArquivoComum(geo);
     if (!arquivo)
         return false;
@@ -480,8 +512,70 @@ bool TGISImagem::LerArquivoGEO(const QString &nome)
     if (!problema.isEmpty())
         throw EInOutError(QStringLiteral("O arquivo \"%1\" não tem os quatro números inteiros da área da figura: %2.")
                               .arg(geo, problema));
-    FAreaImagem = ConcertaRect(GISRet(v[0], v[1], v[2], v[3]));
+    area = GISRet(v[0], v[1], v[2], v[3]);
     return true;
+}
+
+QStringList TGISImagem::NomesArquivoMundo(const QString &nome)
+{
+    const QString geo = NomeArquivoGEO(nome);
+    const QString base = geo.left(geo.size() - 4);
+    const QString extensao = QFileInfo(nome).suffix().toLower();
+    QStringList nomes;
+    if (extensao.size() >= 2)
+        nomes.append(base + QLatin1Char('.') + extensao.front() + extensao.back() + QLatin1Char('w'));
+    if (!extensao.isEmpty())
+        nomes.append(base + QLatin1Char('.') + extensao + QLatin1Char('w'));
+    nomes.append(base + QStringLiteral(".wld"));
+    nomes.removeDuplicates();
+    return nomes;
+}
+
+bool TGISImagem::LerArquivoMundo(const QString &nome)
+{
+    for (const QString &mundo : NomesArquivoMundo(nome)) {
+        const std::unique_ptr<QFile> arquivo = AbrirArquivoComum(mundo);
+        if (!arquivo)
+            continue;
+        const QByteArray texto = arquivo->read(TamanhoMaximoMundo);
+        const QList<QByteArray> partes = texto.simplified().split(' ');
+        double v[6];
+        bool lidos = partes.size() >= 6;
+        for (int k = 0; lidos && k < 6; ++k)
+            v[k] = partes[k].toDouble(&lidos);
+        for (int k = 0; lidos && k < 6; ++k)
+            lidos = std::isfinite(v[k]);
+        if (!lidos) {
+            qWarning("Tavru: o arquivo de mundo \"%s\" não tem seis números; a figura fica no retângulo padrão.",
+                     qPrintable(mundo));
+            return false;
+        }
+        // A, D, B, E, C, F: tamanho do pixel em x, rotações, tamanho em y (negativo com o norte
+        // para cima), centro do pixel de cima à esquerda.
+        if (v[1] != 0.0 || v[2] != 0.0) {
+            qWarning("Tavru: o arquivo de mundo \"%s\" tem termos de rotação (%g, %g), que a figura não faz; ela fica "
+                     "no retângulo padrão.",
+                     qPrintable(mundo), v[1], v[2]);
+            return false;
+        }
+        const double lon1 = v[4] - v[0] / 2, lat1 = v[5] - v[3] / 2;
+        const double lon2 = lon1 + v[0] * FImagem.width(), lat2 = lat1 + v[3] * FImagem.height();
+        const auto segundos = [](double graus) { return graus * 3600.0; };
+        const double limite = 2147483647.0;
+        const double c[4] = {segundos(lat1), segundos(lon1), segundos(lat2), segundos(lon2)};
+        for (double x : c)
+            if (!(std::fabs(x) < limite)) {
+                qWarning("Tavru: o arquivo de mundo \"%s\" põe a figura fora do mundo; ela fica no retângulo padrão.",
+                         qPrintable(mundo));
+                return false;
+            }
+        FAreaImagem = ConcertaRect(GISRet(static_cast<std::int32_t>(std::lround(c[0])),
+                                          static_cast<std::int32_t>(std::lround(c[1])),
+                                          static_cast<std::int32_t>(std::lround(c[2])),
+                                          static_cast<std::int32_t>(std::lround(c[3]))));
+        return true;
+    }
+    return false;
 }
 
 void TGISImagem::GravarArquivoGEO(const QString &nome) const
@@ -507,43 +601,19 @@ QString TGISImagem::NomeArquivoGEO(const QString &nome)
 
 QString TGISImagem::FiltroDeImagens()
 {
-    // Os nomes de um mesmo formato ficam num par só.
-    struct TFamilia
-    {
-        QString Descricao;
-        QStringList Padroes;
-    };
-    const auto familiaDe = [](const QString &formato) {
-        if (formato == QLatin1String("jpg") || formato == QLatin1String("jpeg") || formato == QLatin1String("jfif"))
-            return QStringLiteral("JPEG");
-        if (formato == QLatin1String("tif") || formato == QLatin1String("tiff"))
-            return QStringLiteral("TIFF");
-        if (formato == QLatin1String("svg") || formato == QLatin1String("svgz"))
-            return QStringLiteral("SVG");
-        return formato.toUpper();
-    };
-    std::vector<TFamilia> familias;
-    QStringList todos;
+    QString filtro = TFileFormatList::GetGraphicFilter();
+    filtro.replace(QStringLiteral("All Images"), QStringLiteral("Formatos Compatíveis"), Qt::CaseInsensitive);
+    // Os outros formatos que os leitores de imagem da plataforma conhecem (TIFF, WebP, ...), um
+    // par por formato, depois dos da lista.
+    QStringList extras;
     for (const QByteArray &bruto : QImageReader::supportedImageFormats()) {
         const QString formato = QString::fromLatin1(bruto).toLower();
-        const QString padrao = QStringLiteral("*.") + formato;
-        if (todos.contains(padrao))
-            continue;
-        todos.append(padrao);
-        const QString descricao = familiaDe(formato);
-        auto it = std::find_if(familias.begin(), familias.end(),
-                               [&](const TFamilia &f) { return f.Descricao == descricao; });
-        if (it == familias.end())
-            familias.push_back({descricao, {padrao}});
-        else
-            it->Padroes.append(padrao);
+        TFormatoGrafico conhecido;
+        if (!TFileFormatList::GraphicFromExtension(formato, conhecido) && !extras.contains(formato))
+            extras.append(formato);
     }
-    const QString juntos = todos.join(QLatin1Char(';'));
-    QString filtro = QStringLiteral("Formatos Compatíveis (%1)|%1").arg(juntos);
-    for (const TFamilia &f : familias) {
-        const QString padroes = f.Padroes.join(QLatin1Char(';'));
-        filtro += QStringLiteral("|%1 (%2)|%2").arg(f.Descricao, padroes);
-    }
+    for (const QString &formato : extras)
+        filtro += QStringLiteral("|%1 (*.%2)|*.%2").arg(formato.toUpper(), formato);
     return filtro;
 }
 

@@ -72,9 +72,12 @@ public:
     /// Lê a figura do arquivo e, quando existe, o ".geo" dela:
     /// 1. `NomeArquivoImagem` = `nome` (fica mesmo que a leitura falhe);
     /// 2. a figura é lida (o formato vem do conteúdo, não só da extensão), fica opaca e com 8 bits
-    ///    por pixel; a mesma figura já lida no processo não é decodificada de novo;
+    ///    por pixel; a mesma figura já lida no processo não é decodificada de novo. Um formato da
+    ///    lista de formatos de figura (`TFileFormatList`) com leitor próprio é lido por ele (pela
+    ///    extensão); os outros, pelos leitores de imagem da plataforma;
     /// 3. o ".geo" é lido por `LerArquivoGEO`, e os erros dele seguem para quem chama (a figura já
-    ///    trocada fica). A posição não muda.
+    ///    trocada fica); sem ".geo", o arquivo de mundo (`LerArquivoMundo`, extensão). A posição
+    ///    não muda.
     /// Um arquivo que não existe levanta `EInOutError` com "O arquivo especificado não existe ou
     /// não está disponível!"; um nome que não é de um arquivo comum (pasta, FIFO, dispositivo), uma
     /// figura acima de `LimiteDeFigura`, a falta de memória para decodificá-la ou convertê-la
@@ -101,6 +104,22 @@ public:
     ///         um número com fração ou letras grudadas, um número além dos 32 bits, arquivo vazio).
     ///         `AreaImagem` fica como estava.
     bool LerArquivoGEO(const QString &nome);
+    /// Lê os quatro inteiros do arquivo ".geo" `geo` (o nome do próprio ".geo") para `area`, como
+    /// vieram (sem `ConcertaRect`), com o formato e os erros de `LerArquivoGEO`. Responde falso, sem
+    /// mudar `area`, quando o arquivo não existe.
+    static bool LerGeo(const QString &geo, TGISRet &area);
+    /// Extensão: lê o arquivo de mundo do ESRI ao lado da figura, quando não há ".geo", para
+    /// `AreaImagem`, em ordem. Os nomes procurados, nesta ordem, são os de `NomesArquivoMundo`
+    /// (".pgw" para ".png", ".jgw" para ".jpg", ".gfw", ".bpw", ".tfw", ".pngw"..., ".wld"); vale o
+    /// primeiro que existe. As seis linhas são o tamanho do pixel em graus de longitude, as duas
+    /// rotações, o tamanho do pixel em graus de latitude (negativo com o norte para cima) e a
+    /// longitude e a latitude do centro do pixel de cima à esquerda; o retângulo vai da borda
+    /// desse pixel à borda do último, com o tamanho da figura já lida, arredondado ao segundo.
+    /// Um arquivo com rotação, sem seis números ou que cai fora dos 32 bits não é usado: um aviso
+    /// (`qWarning`) diz por quê e `AreaImagem` fica como estava. Responde se leu.
+    bool LerArquivoMundo(const QString &nome);
+    /// Os nomes de arquivo de mundo de `nome`, na ordem em que são procurados.
+    static QStringList NomesArquivoMundo(const QString &nome);
     /// `AreaImagem` = `area` (como veio) e a posição da base vai para o centro dela (sem passar
     /// pelo deslocamento de `AtribuirPosicao`).
     void AtribuirArea(const TGISRet &area);
@@ -117,9 +136,10 @@ public:
     /// O nome do ".geo" de um arquivo: a extensão do nome (depois do último ponto do nome do
     /// arquivo, não das pastas) trocada por ".geo", ou ".geo" acrescentado quando não há.
     static QString NomeArquivoGEO(const QString &nome);
-    /// O filtro do diálogo de abrir, no formato da casa, montado dos formatos que os leitores de
-    /// imagem do Qt conhecem: "Formatos Compatíveis (*.bmp;*.gif;...)|*.bmp;*.gif;...|" e um par
-    /// por formato ("JPEG (*.jpeg;*.jpg)|*.jpeg;*.jpg", ...).
+    /// O filtro do diálogo de abrir, no formato da casa: o da lista de formatos de figura
+    /// (`TFileFormatList::GetGraphicFilter`) com cada "All Images" trocado por "Formatos
+    /// Compatíveis" (sem diferenciar maiúsculas) e, depois, um par para cada outro formato que os
+    /// leitores de imagem da plataforma conhecem ("TIFF (*.tiff)|*.tiff", ...).
     static QString FiltroDeImagens();
 
     // Campos.

@@ -1,0 +1,249 @@
+// As figuras georreferenciadas: cada formato gravado e lido de volta, o ".geo" e o arquivo de
+// mundo, os jeitos mantidos de `Gravar`, o formato desconhecido com a lista intacta e os seis
+// registros.
+
+#include <tavru/companions/geodesy/TFileFormatList.h>
+#include <tavru/core/TGISObjetoList.h>
+#include <tavru/elements/GISImagem.h>
+#include <tavru/formats/ReconheceArquivosRaster.h>
+#include <tavru/platform/Exception.h>
+#include <tavru/platform/TProvedorDeDialogos.h>
+
+#include <QDir>
+#include <QFile>
+#include <QImage>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+using namespace tavru;
+
+namespace {
+
+class Raster : public ::testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        auto roteirizados = std::make_unique<TDialogosRoteirizados>();
+        Roteiro = roteirizados.get();
+        FAnterior = TrocarDialogos(std::move(roteirizados));
+        ASSERT_TRUE(Pasta.isValid());
+    }
+    void TearDown() override { TrocarDialogos(std::move(FAnterior)); }
+
+    QString Caminho(const QString &nome) const { return Pasta.filePath(nome); }
+    QString Arquivo(const QString &nome, const QByteArray &texto) const
+    {
+        QFile f(Caminho(nome));
+        EXPECT_TRUE(f.open(QIODevice::WriteOnly | QIODevice::Truncate));
+        f.write(texto);
+        return Caminho(nome);
+    }
+    static QByteArray Conteudo(const QString &caminho)
+    {
+        QFile f(caminho);
+        return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+    }
+
+    /// Uma imagem na lista, com uma figura de blocos de cores e a área dada.
+    static TGISImagem *NovaImagem(TGISObjetoList &lista, QSize tamanho, const TGISRet &area)
+    {
+        auto *imagem = new TGISImagem;
+        imagem->AtribuirImagem(Blocos(tamanho));
+        imagem->AtribuirAreaImagem(area);
+        lista.Add(imagem);
+        return imagem;
+    }
+    /// Quatro quadrantes de cores distintas (vermelho, verde, azul, amarelo escuro).
+    static QImage Blocos(QSize tamanho)
+    {
+        QImage f(tamanho, QImage::Format_RGB32);
+        for (int y = 0; y < f.height(); ++y)
+            for (int x = 0; x < f.width(); ++x) {
+                const bool direita = x >= f.width() / 2, baixo = y >= f.height() / 2;
+                f.setPixel(x, y, !direita && !baixo ? qRgb(200, 30, 30)
+                                 : direita && !baixo ? qRgb(20, 180, 40)
+                                 : !direita          ? qRgb(30, 40, 210)
+                                                     : qRgb(120, 110, 10));
+            }
+        return f;
+    }
+
+    QTemporaryDir Pasta;
+    TDialogosRoteirizados *Roteiro = nullptr;
+
+private:
+    std::unique_ptr<TProvedorDeDialogos> FAnterior;
+};
+
+QString Dados(const char *nome)
+{
+    return QStringLiteral(TAVRU_DADOS "/raster/") + QLatin1String(nome);
+}
+
+} // namespace
+
+TEST_F(Raster, SeisTiposRegistradosEmOrdemComOsFiltrosExatos)
+{
+    std::vector<TRegistro> nossos;
+    for (const TRegistro &r : TGISObjetoList::ObterRegistro())
+        if (r.Classe == &TTratadorArquivosRasters::Classe)
+            nossos.push_back(r);
+    ASSERT_EQ(nossos.size(), 6u);
+    const char *tipos[] = {"jpeg", "png", "gif", "Bitmap", "windows meta file", "e meta file"};
+    for (size_t i = 0; i < 6; ++i)
+        EXPECT_EQ(nossos[i].Tipo, QString::fromUtf8(tipos[i]));
+    EXPECT_EQ(nossos[1].FiltroLeitura, "Arquivo do PNG (*.png)|*.jpg");
+    EXPECT_EQ(nossos[1].FiltroEscrita, "Arquivo do png (*.png)|*.png");
+    EXPECT_EQ(nossos[5].FiltroLeitura, "Arquivo MetaFile (*.emf)|*.emf");
+    // O "png" ainda se acha pela extensão, pela descrição do filtro.
+    EXPECT_EQ(TGISObjetoList::ObterTipoPelaExtencao(".png", true), "png");
+    EXPECT_EQ(TGISObjetoList::ObterTipoPelaExtencao("gif", false), "gif");
+
+    TGISObjetoList lista;
+    TTratadorArquivosRasters tratador(lista);
+    QFile nada(Arquivo("nada.txt", "não é figura"));
+    ASSERT_TRUE(nada.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(tratador.Reconhece(nada));
+}
+
+TEST_F(Raster, CadaFormatoGravadoVoltaComOsPixelsEAArea)
+{
+    const TGISRet area = GISRet(-125297, -270211, 22148, -118969);
+    // Tolerância por canal: zero nos formatos sem perda, a do JPEG nos blocos lisos.
+    const std::pair<const char *, int> formatos[] = {{"png", 0}, {"bmp", 0}, {"gif", 0}, {"jpg", 12}, {"jpeg", 12}};
+    for (const auto &[extensao, tolerancia] : formatos) {
+        SCOPED_TRACE(extensao);
+        TGISObjetoList lista;
+        NovaImagem(lista, QSize(48, 32), area);
+        const QString nome = Caminho(QStringLiteral("figura.") + extensao);
+        TTratadorArquivosRasters(lista).Gravar(nome);
+        EXPECT_EQ(Conteudo(Caminho("figura.geo")), "-125297 -270211 22148 -118969\r\n");
+
+        TGISObjetoList lida;
+        TTratadorArquivosRasters(lida).Ler(nome);
+        ASSERT_EQ(lida.Count(), 1) << Roteiro->Mensagens.join(';').toStdString();
+        const auto &imagem = dynamic_cast<const TGISImagem &>(*lida.ObterGISObjeto(0));
+        EXPECT_EQ(imagem.AreaImagem(), area);
+        EXPECT_EQ(imagem.NomeArquivoImagem(), nome);
+        ASSERT_EQ(imagem.Imagem().size(), QSize(48, 32));
+        const QImage esperada = Blocos(QSize(48, 32));
+        // O meio de cada quadrante e os cantos.
+        for (const QPoint p : {QPoint(0, 0), QPoint(12, 8), QPoint(36, 8), QPoint(12, 24), QPoint(36, 24), QPoint(47, 31)}) {
+            const QRgb a = imagem.Imagem().pixel(p), b = esperada.pixel(p);
+            EXPECT_LE(std::abs(qRed(a) - qRed(b)), tolerancia) << p.x() << "," << p.y();
+            EXPECT_LE(std::abs(qGreen(a) - qGreen(b)), tolerancia) << p.x() << "," << p.y();
+            EXPECT_LE(std::abs(qBlue(a) - qBlue(b)), tolerancia) << p.x() << "," << p.y();
+        }
+        QFile::remove(Caminho("figura.geo"));
+    }
+    EXPECT_TRUE(Roteiro->Mensagens.isEmpty());
+}
+
+TEST_F(Raster, GravarSemExtensaoUsaJpgEAUltimaImagemGanha)
+{
+    TGISObjetoList lista;
+    NovaImagem(lista, QSize(10, 6), GISRet(1, 2, 3, 4));
+    NovaImagem(lista, QSize(7, 9), GISRet(-5, -6, 70, 80));
+    TTratadorArquivosRasters tratador(lista);
+    tratador.Gravar(Caminho("mapa"));
+    EXPECT_EQ(QDir(Pasta.path()).entryList(QDir::Files, QDir::Name), (QStringList{"mapa.geo", "mapa.jpg"}));
+    EXPECT_EQ(QImage(Caminho("mapa.jpg")).size(), QSize(7, 9));
+    EXPECT_EQ(Conteudo(Caminho("mapa.geo")), "-5 -6 70 80\r\n");
+
+    // O ".geo" da própria imagem segue com os números grudados.
+    dynamic_cast<TGISImagem &>(*lista.ObterGISObjeto(0)).GravarArquivoGEO(Caminho("grudado.png"));
+    EXPECT_EQ(Conteudo(Caminho("grudado.geo")), "1234\r\n");
+
+    // Extensão desconhecida e formato sem gravador chegam a quem chama; nada é escrito.
+    EXPECT_THROW(tratador.Gravar(Caminho("mapa.xyz")), EInOutError);
+    EXPECT_THROW(tratador.Gravar(Caminho("mapa.wmf")), EInOutError);
+    // Sem imagens, nada é gravado.
+    TGISObjetoList vazia;
+    TTratadorArquivosRasters(vazia).Gravar(Caminho("vazio.png"));
+    EXPECT_EQ(QDir(Pasta.path()).entryList(QDir::Files).size(), 3);
+}
+
+TEST_F(Raster, FormatoDesconhecidoAvisaEDeixaAListaComoEstava)
+{
+    TGISObjetoList lista;
+    NovaImagem(lista, QSize(4, 4), GISRet(0, 0, 10, 10));
+    lista.CalcularLimites();
+    TTratadorArquivosRasters tratador(lista);
+    tratador.Ler(Arquivo("lixo.png", QByteArray("\x89PNG\r\n\x1a\n", 8) + QByteArray(40, 'x')));
+    tratador.Ler(Caminho("nao_existe.jpg"));
+    // Figura boa com ".geo" ruim: também não entra.
+    QImage(4, 4, QImage::Format_RGB32).save(Caminho("boa.bmp"));
+    Arquivo("boa.geo", "1 2 tres 4\n");
+    tratador.Ler(Caminho("boa.bmp"));
+    EXPECT_EQ(lista.Count(), 1);
+    EXPECT_EQ(Roteiro->Mensagens, QStringList(3, QStringLiteral("Arquivo em formato desconhecido!")));
+}
+
+TEST_F(Raster, GeoEArquivoDeMundoPoemAFiguraNoLugar)
+{
+    QImage figura(40, 20, QImage::Format_RGB32);
+    figura.fill(Qt::red);
+    ASSERT_TRUE(figura.save(Caminho("a.png")));
+
+    // Sem nada ao lado: o retângulo com que a imagem começa.
+    TGISImagem imagem;
+    imagem.LerArquivo(Caminho("a.png"));
+    EXPECT_EQ(imagem.AreaImagem(), GISRet(-1000, -1000, 1000, 1000));
+
+    // Arquivo de mundo: pixel de 0.5 grau de longitude por 0.25 de latitude, o canto de cima à
+    // esquerda em (10 N, 50 O); o centro do primeiro pixel fica meio pixel para dentro.
+    Arquivo("a.pgw", "0.5\n0\n0\n-0.25\n-49.75\n9.875\n");
+    imagem.LerArquivo(Caminho("a.png"));
+    EXPECT_EQ(imagem.AreaImagem(), GISRet(5 * 3600, -50 * 3600, 10 * 3600, -30 * 3600));
+
+    // ".wld" serve a qualquer figura; rotação faz o arquivo ser deixado de lado.
+    ASSERT_TRUE(figura.save(Caminho("b.bmp")));
+    Arquivo("b.wld", "0.5\n0.01\n0\n-0.25\n-49.75\n9.875\n");
+    TGISImagem girada;
+    girada.LerArquivo(Caminho("b.bmp"));
+    EXPECT_EQ(girada.AreaImagem(), GISRet(-1000, -1000, 1000, 1000));
+    EXPECT_FALSE(girada.LerArquivoMundo(Caminho("b.bmp")));
+
+    // O ".geo" ganha do arquivo de mundo, e sai em ordem.
+    Arquivo("a.geo", "10 20 5 7 e o resto da linha\n");
+    imagem.LerArquivo(Caminho("a.png"));
+    EXPECT_EQ(imagem.AreaImagem(), GISRet(5, 7, 10, 20));
+    // O leitor do tratador devolve os números como vieram, e não mexe sem arquivo.
+    EXPECT_EQ(TTratadorArquivosRasters::LerGeoreferencia(Caminho("a.geo")), GISRet(10, 20, 5, 7));
+    EXPECT_EQ(TTratadorArquivosRasters::LerGeoreferencia(Caminho("z.geo"), GISRet(1, 2, 3, 4)), GISRet(1, 2, 3, 4));
+}
+
+TEST_F(Raster, CopiasDoBlueMarbleSemGeoAbremSobreOBrasil)
+{
+    TGISRet geo;
+    ASSERT_TRUE(TGISImagem::LerGeo(Dados("bluemarble_brazil.geo"), geo));
+    for (const char *extensao : {"png", "jpg", "gif", "bmp"}) {
+        SCOPED_TRACE(extensao);
+        const QString figura = Caminho(QStringLiteral("copia.") + extensao);
+        ASSERT_TRUE(QFile::copy(Dados("bluemarble_brazil.") + extensao, figura));
+        const QString mundo = TGISImagem::NomesArquivoMundo(figura).first();
+        ASSERT_TRUE(QFile::copy(Dados("bluemarble_brazil.") + QFileInfo(mundo).suffix(), mundo));
+        TGISObjetoList lista;
+        TTratadorArquivosRasters(lista).Ler(figura);
+        ASSERT_EQ(lista.Count(), 1);
+        const TGISRet r = lista.ObterGISObjeto(0)->Area();
+        EXPECT_NEAR(r.Pos1.Latitude, geo.Pos1.Latitude, 1);
+        EXPECT_NEAR(r.Pos1.Longitude, geo.Pos1.Longitude, 1);
+        EXPECT_NEAR(r.Pos2.Latitude, geo.Pos2.Latitude, 1);
+        EXPECT_NEAR(r.Pos2.Longitude, geo.Pos2.Longitude, 1);
+    }
+}
+
+TEST_F(Raster, FiltroDasImagensVemDaListaDeFormatos)
+{
+    const QString filtro = TGISImagem::FiltroDeImagens();
+    EXPECT_TRUE(filtro.startsWith("Formatos Compatíveis (")) << filtro.toStdString();
+    EXPECT_FALSE(filtro.contains("All Images", Qt::CaseInsensitive));
+    for (const char *padrao : {"*.jpg", "*.png", "*.gif", "*.bmp"})
+        EXPECT_TRUE(filtro.section('|', 1, 1).contains(padrao)) << padrao;
+    TFormatoGrafico gif;
+    ASSERT_TRUE(TFileFormatList::GraphicFromExtension(".GIF", gif));
+    EXPECT_TRUE(gif.Gravar);
+    EXPECT_FALSE(TFileFormatList::GraphicFromExtension("wmf", gif));
+}
