@@ -368,6 +368,91 @@ QImage DecodificarPeloFormato(const TFormatoGrafico &formato, QIODevice &disposi
     }
 }
 
+/// As partes de figuras já escaladas para a tela, por canvas (no contexto de desenho), entre um
+/// quadro e o próximo: a mesma figura no mesmo retângulo de tela e a mesma parte visível são
+/// desenhadas sem escalar de novo. O total fica dentro de um orçamento (duas telas, em bytes);
+/// as menos usadas há mais tempo saem primeiro.
+class TCacheDeFiguras
+{
+public:
+    const QImage &Obter(const QImage &figura, const TRect &r, const TRect &visivel, std::int64_t orcamento)
+    {
+        ++FRelogio;
+        for (TEntrada &e : FEntradas)
+            if (e.Chave == figura.cacheKey() && e.R == r && e.Visivel == visivel) {
+                e.Uso = FRelogio;
+                return e.Parte;
+            }
+        TEntrada nova{figura.cacheKey(), r, visivel, Escalar(figura, r, visivel), FRelogio};
+        const std::int64_t bytes = nova.Parte.sizeInBytes();
+        // Sai o menos usado até caber (uma parte maior que o orçamento fica sozinha).
+        while (!FEntradas.empty() && Total() + bytes > orcamento) {
+            auto velha = std::min_element(FEntradas.begin(), FEntradas.end(),
+                                          [](const TEntrada &a, const TEntrada &b) { return a.Uso < b.Uso; });
+            FEntradas.erase(velha);
+        }
+        FEntradas.push_back(std::move(nova));
+        return FEntradas.back().Parte;
+    }
+
+private:
+    struct TEntrada
+    {
+        qint64 Chave;
+        TRect R, Visivel;
+        QImage Parte;
+        std::uint64_t Uso;
+    };
+    std::int64_t Total() const
+    {
+        std::int64_t t = 0;
+        for (const TEntrada &e : FEntradas)
+            t += e.Parte.sizeInBytes();
+        return t;
+    }
+    /// A parte `visivel` da figura esticada em `r`, pixel a pixel pelo vizinho mais próximo (como
+    /// o desenho esticado sem suavização), em 32 bits: só os pixels da tela são calculados, e a
+    /// figura inteira nunca é escalada nem convertida.
+    static QImage Escalar(const QImage &figura, const TRect &r, const TRect &visivel)
+    {
+        const int largura = visivel.Right - visivel.Left, altura = visivel.Bottom - visivel.Top;
+        QImage parte(largura, altura, QImage::Format_RGB32);
+        if (parte.isNull())
+            return parte;
+        const double escalaX = double(figura.width()) / (double(r.Right) - r.Left);
+        const double escalaY = double(figura.height()) / (double(r.Bottom) - r.Top);
+        std::vector<int> colunas(static_cast<size_t>(largura));
+        for (int x = 0; x < largura; ++x) {
+            const double sx = (double(visivel.Left) + x + 0.5 - r.Left) * escalaX;
+            colunas[static_cast<size_t>(x)] = std::clamp(int(sx), 0, figura.width() - 1);
+        }
+        const bool indexada = figura.format() == QImage::Format_Indexed8;
+        const QImage origem = indexada ? figura : figura.convertToFormat(QImage::Format_RGB32);
+        const QVector<QRgb> cores = indexada ? origem.colorTable() : QVector<QRgb>();
+        QRgb paleta[256];
+        for (int i = 0; i < 256; ++i)
+            paleta[i] = i < cores.size() ? cores[i] | 0xFF000000u : 0xFF000000u;
+        for (int y = 0; y < altura; ++y) {
+            const double sy = (double(visivel.Top) + y + 0.5 - r.Top) * escalaY;
+            const int linha = std::clamp(int(sy), 0, origem.height() - 1);
+            QRgb *destino = reinterpret_cast<QRgb *>(parte.scanLine(y));
+            if (indexada) {
+                const uchar *fonte = origem.constScanLine(linha);
+                for (int x = 0; x < largura; ++x)
+                    destino[x] = paleta[fonte[colunas[static_cast<size_t>(x)]]];
+            } else {
+                const QRgb *fonte = reinterpret_cast<const QRgb *>(origem.constScanLine(linha));
+                for (int x = 0; x < largura; ++x)
+                    destino[x] = fonte[colunas[static_cast<size_t>(x)]];
+            }
+        }
+        return parte;
+    }
+
+    std::vector<TEntrada> FEntradas;
+    std::uint64_t FRelogio = 0;
+};
+
 /// Quanto de um arquivo de mundo é olhado: seis números.
 constexpr qint64 TamanhoMaximoMundo = 4 * 1024;
 
@@ -445,7 +530,24 @@ void TGISImagem::Desenhar(TCanvas &canvas, const TGISProjecao &projecao, bool se
         return;
     const TRect r = ConcertaRect(projecao.MundoParaTelaRet(FAreaImagem));
     canvas.SetCopyMode(cmSrcCopy);
-    canvas.StretchDraw(r, FImagem);
+    const QImage *tela = canvas.Imagem();
+    if (!tela || tela->isNull() || FImagem.isNull()) {
+        // Um canvas sem imagem (que só anota) recebe a figura inteira.
+        canvas.StretchDraw(r, FImagem);
+        return;
+    }
+    // Só a parte da figura que cai na tela, na resolução da tela, guardada entre quadros.
+    const std::int64_t esquerda = std::max<std::int64_t>(r.Left, 0);
+    const std::int64_t topo = std::max<std::int64_t>(r.Top, 0);
+    const std::int64_t direita = std::min<std::int64_t>(r.Right, tela->width());
+    const std::int64_t baixo = std::min<std::int64_t>(r.Bottom, tela->height());
+    if (esquerda >= direita || topo >= baixo)
+        return;
+    const TRect visivel{static_cast<int>(esquerda), static_cast<int>(topo), static_cast<int>(direita), static_cast<int>(baixo)};
+    TCacheDeFiguras &cache = canvas.Contexto().Obter<TCacheDeFiguras>();
+    const QImage &parte = cache.Obter(FImagem, r, visivel, std::int64_t(tela->width()) * tela->height() * 4 * 2);
+    if (!parte.isNull())
+        canvas.Draw(visivel.Left, visivel.Top, parte);
 }
 
 bool TGISImagem::Pertence(const TGISProjecao &projecao, const TPoint &ponto)

@@ -59,6 +59,13 @@ public:
     bool ConfiguracaoPadrao(const TGISProjecao &projecao, const TPoint &ponto) override;
     /// Estica a figura no retângulo de tela de `AreaImagem` (em ordem), com cópia simples, só
     /// quando `ZoomMinimoImagem <= zoom <= ZoomMaximoImagem` e `selecionado` é falso.
+    ///
+    /// Num canvas com imagem, só a parte da figura que cai dentro dela é escalada, na resolução da
+    /// tela (vizinho mais próximo, como o desenho esticado sem suavização), e o resultado fica no
+    /// contexto de desenho do canvas para o quadro seguinte na mesma visão: um cache por canvas,
+    /// para todas as imagens, com orçamento de duas telas (32 bits por pixel), que solta as partes
+    /// usadas há mais tempo. Trocar a figura (`AtribuirImagem`, `LerArquivo`) troca a chave do cache.
+    /// Num canvas sem imagem (que só anota chamadas), a figura inteira vai a `StretchDraw`.
     void Desenhar(TCanvas &canvas, const TGISProjecao &projecao, bool selecionado) override;
     /// Estrito e sem normalizar: com R = `MundoParaTelaRet(AreaImagem)`, verdadeiro só quando
     /// R.Left < x < R.Right e R.Top < y < R.Bottom. Mantido de propósito: numa projeção com o

@@ -4,14 +4,17 @@
 
 #include <tavru/companions/geodesy/TFileFormatList.h>
 #include <tavru/core/TGISObjetoList.h>
+#include <tavru/core/TGISProjecao.h>
 #include <tavru/elements/GISImagem.h>
 #include <tavru/formats/ReconheceArquivosRaster.h>
 #include <tavru/platform/Exception.h>
+#include <tavru/platform/TCanvas.h>
 #include <tavru/platform/TProvedorDeDialogos.h>
 
 #include <QDir>
 #include <QFile>
 #include <QImage>
+#include <QPainter>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
@@ -74,6 +77,18 @@ protected:
 
 private:
     std::unique_ptr<TProvedorDeDialogos> FAnterior;
+};
+
+/// Um segundo de arco por pixel, o norte para cima: x = longitude, y = -latitude.
+class TProjecaoDeTela : public TGISProjecao
+{
+public:
+    std::unique_ptr<TGISProjecao> Criar() const override { return std::make_unique<TProjecaoDeTela>(); }
+    void FitToRect(const TGISRet &) override {}
+    TPoint MundoParaTela(const TGISPosicao &p) const override { return TPoint(p.Longitude, -p.Latitude); }
+    TGISPosicao TelaParaMundo(const TPoint &p) const override { return GISPosicao(-p.Y, p.X); }
+    /// A área do mundo que cai em `r` da tela.
+    static TGISRet Area(const TRect &r) { return GISRet(-r.Bottom, r.Left, -r.Top, r.Right); }
 };
 
 QString Dados(const char *nome)
@@ -246,4 +261,48 @@ TEST_F(Raster, FiltroDasImagensVemDaListaDeFormatos)
     ASSERT_TRUE(TFileFormatList::GraphicFromExtension(".GIF", gif));
     EXPECT_TRUE(gif.Gravar);
     EXPECT_FALSE(TFileFormatList::GraphicFromExtension("wmf", gif));
+}
+
+TEST(RasterDesenho, SoAParteVisivelIgualAoDesenhoEsticadoETrocaComAFigura)
+{
+    // Uma figura de 8 bits de 300 x 200 com listras de 10 pixels, deitada num retângulo de tela
+    // maior que a tela e que começa fora dela.
+    QImage listras(300, 200, QImage::Format_RGB32);
+    for (int y = 0; y < 200; ++y)
+        for (int x = 0; x < 300; ++x)
+            listras.setPixel(x, y, (x / 10 + y / 10) % 2 ? qRgb(250, 10, 10) : qRgb(10, 10, 250));
+    TGISImagem imagem;
+    imagem.AtribuirImagem(listras.convertToFormat(QImage::Format_Indexed8));
+    const TRect r(-250, -70, 650, 530); // 3 x a figura
+    TProjecaoDeTela projecao;
+    imagem.AtribuirAreaImagem(TProjecaoDeTela::Area(r));
+
+    QImage tela(400, 300, QImage::Format_ARGB32_Premultiplied), referencia = tela;
+    referencia.fill(Qt::white);
+    {
+        QPainter p(&referencia);
+        p.drawImage(QRect(r.Left, r.Top, r.Right - r.Left, r.Bottom - r.Top), imagem.Imagem());
+    }
+    TCanvas canvas(&tela);
+    for (int quadro = 0; quadro < 2; ++quadro) { // o segundo sai do cache
+        tela.fill(Qt::white);
+        imagem.Desenhar(canvas, projecao, false);
+        canvas.AtribuirImagem(&tela); // termina o desenho
+        int diferentes = 0;
+        for (int y = 0; y < 300; y += 7)
+            for (int x = 0; x < 400; x += 7)
+                diferentes += tela.pixel(x, y) != referencia.pixel(x, y);
+        // Numa escala inteira o vizinho mais próximo é o mesmo pixel; folga para o arredondamento.
+        EXPECT_LE(diferentes, 3) << "quadro " << quadro;
+        EXPECT_EQ(tela.pixel(1, 1), referencia.pixel(1, 1));
+        EXPECT_EQ(tela.pixel(398, 298), referencia.pixel(398, 298));
+    }
+    // Outra figura na mesma visão não pode sair do cache.
+    QImage verde(300, 200, QImage::Format_RGB32);
+    verde.fill(qRgb(0, 200, 0));
+    imagem.AtribuirImagem(verde.convertToFormat(QImage::Format_Indexed8));
+    tela.fill(Qt::white);
+    imagem.Desenhar(canvas, projecao, false);
+    canvas.AtribuirImagem(&tela);
+    EXPECT_EQ(QColor(tela.pixel(200, 150)), QColor(0, 200, 0));
 }
