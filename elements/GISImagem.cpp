@@ -203,6 +203,20 @@ TPaleta CortarNaMediana(const QImage &rgb32)
 /// paleta é exata; com mais, o corte na mediana escolhe as 256. Toda figura alocada é conferida.
 QImage Opaca8Bits(const QImage &origem, const QString &nome)
 {
+    if (origem.format() == QImage::Format_Indexed8) {
+        // Já tem 8 bits: só a paleta fica opaca (e com 256 entradas, para que nenhum índice caia
+        // fora dela); a figura nunca passa por 32 bits, e o pico da leitura é o de duas cópias.
+        QList<QRgb> cores = origem.colorTable();
+        for (QRgb &c : cores)
+            c = Opaco(c) | 0xFF000000u;
+        while (cores.size() < 256)
+            cores.append(0xFF000000u);
+        QImage saida = origem;
+        saida.setColorTable(cores);
+        if (saida.isNull() || saida.constBits() == nullptr)
+            SemMemoria(nome, origem.size());
+        return saida;
+    }
     QImage cores32 = origem;
     if (origem.format() != QImage::Format_RGB32 && origem.format() != QImage::Format_ARGB32) {
         cores32 = origem.convertToFormat(QImage::Format_ARGB32);

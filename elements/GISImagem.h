@@ -17,9 +17,9 @@ namespace tavru {
 /// um texto cuja primeira linha tem os quatro inteiros de `AreaImagem` na ordem de `TGISRet`
 /// (latitude 1, longitude 1, latitude 2, longitude 2, em segundos de arco).
 ///
-/// A figura é lida pelos leitores de imagem do Qt (JPEG, PNG, GIF, BMP e o que os plug-ins de
-/// formatos instalados somam: TIFF, WebP, TGA, ICO...; ver `FiltroDeImagens`). WMF e EMF não são
-/// lidos: o Qt não tem leitor deles. A figura fica opaca (a transparência vira fundo branco) e com
+/// A figura é lida pela lista de formatos de figura (`TFileFormatList`: JPEG, PNG, GIF, BMP, WMF e
+/// EMF) e pelos leitores de imagem do Qt (o que os plug-ins de formatos instalados somam: TIFF,
+/// WebP, TGA, ICO...; ver `FiltroDeImagens`). A figura fica opaca (a transparência vira fundo branco) e com
 /// 8 bits por pixel (paleta de 256 cores), para que o desenho seja o mesmo de mapas já guardados e
 /// a memória de figuras grandes caia a um quarto.
 ///

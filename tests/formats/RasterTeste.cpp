@@ -126,7 +126,7 @@ TEST_F(Raster, CadaFormatoGravadoVoltaComOsPixelsEAArea)
 {
     const TGISRet area = GISRet(-125297, -270211, 22148, -118969);
     // Tolerância por canal: zero nos formatos sem perda, a do JPEG nos blocos lisos.
-    const std::pair<const char *, int> formatos[] = {{"png", 0}, {"bmp", 0}, {"gif", 0}, {"jpg", 12}, {"jpeg", 12}};
+    const std::pair<const char *, int> formatos[] = {{"png", 0}, {"bmp", 0}, {"gif", 0}, {"wmf", 0}, {"emf", 0}, {"jpg", 12}, {"jpeg", 12}};
     for (const auto &[extensao, tolerancia] : formatos) {
         SCOPED_TRACE(extensao);
         TGISObjetoList lista;
@@ -170,9 +170,8 @@ TEST_F(Raster, GravarSemExtensaoUsaJpgEAUltimaImagemGanha)
     dynamic_cast<TGISImagem &>(*lista.ObterGISObjeto(0)).GravarArquivoGEO(Caminho("grudado.png"));
     EXPECT_EQ(Conteudo(Caminho("grudado.geo")), "1234\r\n");
 
-    // Extensão desconhecida e formato sem gravador chegam a quem chama; nada é escrito.
+    // Extensão desconhecida chega a quem chama; nada é escrito.
     EXPECT_THROW(tratador.Gravar(Caminho("mapa.xyz")), EInOutError);
-    EXPECT_THROW(tratador.Gravar(Caminho("mapa.wmf")), EInOutError);
     // Sem imagens, nada é gravado.
     TGISObjetoList vazia;
     TTratadorArquivosRasters(vazia).Gravar(Caminho("vazio.png"));
@@ -193,6 +192,61 @@ TEST_F(Raster, FormatoDesconhecidoAvisaEDeixaAListaComoEstava)
     tratador.Ler(Caminho("boa.bmp"));
     EXPECT_EQ(lista.Count(), 1);
     EXPECT_EQ(Roteiro->Mensagens, QStringList(3, QStringLiteral("Arquivo em formato desconhecido!")));
+}
+
+TEST_F(Raster, MetarquivoConferidoAntesDoLibwmf)
+{
+    TGISObjetoList lista;
+    NovaImagem(lista, QSize(6, 4), GISRet(0, 0, 10, 10));
+    TTratadorArquivosRasters(lista).Gravar(Caminho("bom.wmf"));
+    const QByteArray bom = Conteudo(Caminho("bom.wmf"));
+    ASSERT_GT(bom.size(), 22 + 18 + 10 + 10 + 28 + 40);
+    const auto erro = [&](const QByteArray &bytes) {
+        TGISImagem imagem;
+        try {
+            imagem.LerArquivo(Arquivo("ruim.wmf", bytes));
+        } catch (const EInOutError &e) {
+            return e.Message();
+        }
+        return QString();
+    };
+    EXPECT_TRUE(erro(bom).isEmpty()) << erro(bom).toStdString();
+    // Sem o registro do fim.
+    EXPECT_TRUE(erro(bom.left(bom.size() - 6)).contains("falta o registro do fim")) << erro(bom.left(bom.size() - 6)).toStdString();
+    // O registro da figura diz ser maior que o arquivo.
+    QByteArray longo = bom;
+    const int registro = 22 + 18 + 10 + 10;
+    longo[registro + 3] = char(0x7F);
+    EXPECT_TRUE(erro(longo).contains("registro de tamanho")) << erro(longo).toStdString();
+    // O bitmap diz ser mais alto do que o registro traz.
+    QByteArray alto = bom;
+    alto[registro + 28 + 8] = char(100);
+    EXPECT_TRUE(erro(alto).contains("bitmap maior que o registro")) << erro(alto).toStdString();
+    // Um registro de tamanho zero não faz o laço parar no lugar.
+    QByteArray zero = bom;
+    zero[registro] = zero[registro + 1] = zero[registro + 2] = zero[registro + 3] = 0;
+    EXPECT_TRUE(erro(zero).contains("registro de tamanho 0")) << erro(zero).toStdString();
+
+    // EMF: o mesmo cuidado, com os deslocamentos do bitmap dentro do registro.
+    TTratadorArquivosRasters(lista).Gravar(Caminho("bom.emf"));
+    const QByteArray emf = Conteudo(Caminho("bom.emf"));
+    const auto erroEmf = [&](const QByteArray &bytes) {
+        TGISImagem imagem;
+        try {
+            imagem.LerArquivo(Arquivo("ruim.emf", bytes));
+        } catch (const EInOutError &e) {
+            return e.Message();
+        }
+        return QString();
+    };
+    EXPECT_TRUE(erroEmf(emf).isEmpty()) << erroEmf(emf).toStdString();
+    EXPECT_TRUE(erroEmf(emf.left(emf.size() - 20)).contains("falta o registro do fim"));
+    QByteArray fora = emf;
+    fora[88 + 56 + 2] = char(0x10); // offBitsSrc muito além do registro
+    EXPECT_TRUE(erroEmf(fora).contains("bitmap fora do registro")) << erroEmf(fora).toStdString();
+    QByteArray impar = emf;
+    impar[88 + 4] = char(impar[88 + 4] + 2); // tamanho que não é múltiplo de 4
+    EXPECT_TRUE(erroEmf(impar).contains("registro de tamanho")) << erroEmf(impar).toStdString();
 }
 
 TEST_F(Raster, GeoEArquivoDeMundoPoemAFiguraNoLugar)
@@ -255,12 +309,12 @@ TEST_F(Raster, FiltroDasImagensVemDaListaDeFormatos)
     const QString filtro = TGISImagem::FiltroDeImagens();
     EXPECT_TRUE(filtro.startsWith("Formatos Compatíveis (")) << filtro.toStdString();
     EXPECT_FALSE(filtro.contains("All Images", Qt::CaseInsensitive));
-    for (const char *padrao : {"*.jpg", "*.png", "*.gif", "*.bmp"})
+    for (const char *padrao : {"*.jpg", "*.png", "*.gif", "*.bmp", "*.wmf", "*.emf"})
         EXPECT_TRUE(filtro.section('|', 1, 1).contains(padrao)) << padrao;
     TFormatoGrafico gif;
     ASSERT_TRUE(TFileFormatList::GraphicFromExtension(".GIF", gif));
     EXPECT_TRUE(gif.Gravar);
-    EXPECT_FALSE(TFileFormatList::GraphicFromExtension("wmf", gif));
+    EXPECT_FALSE(TFileFormatList::GraphicFromExtension("tif", gif));
 }
 
 TEST(RasterDesenho, SoAParteVisivelIgualAoDesenhoEsticadoETrocaComAFigura)
