@@ -545,8 +545,9 @@ void TGISImagem::Desenhar(TCanvas &canvas, const TGISProjecao &projecao, bool se
     const TRect r = ConcertaRect(projecao.MundoParaTelaRet(FAreaImagem));
     canvas.SetCopyMode(cmSrcCopy);
     const QImage *tela = canvas.Imagem();
-    if (!tela || tela->isNull() || FImagem.isNull()) {
-        // Um canvas sem imagem (que só anota) recebe a figura inteira.
+    if (!tela || tela->isNull() || FImagem.isNull() || tela->devicePixelRatio() != 1.0) {
+        // Um canvas sem imagem (que só anota) recebe a figura inteira; numa imagem de alta
+        // densidade, o pintor estica tudo, e a parte escalada aqui não seria a da tela.
         canvas.StretchDraw(r, FImagem);
         return;
     }
