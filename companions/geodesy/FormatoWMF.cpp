@@ -18,9 +18,11 @@
 
 #include <libwmf/api.h>
 #include <libwmf/gd.h>
+#include <libwmf/gd/gd.h>
 
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
 
 namespace tavru {
 namespace {
@@ -118,10 +120,25 @@ QImage LerWMF(QIODevice &fluxo, const std::function<void(QSize)> &conferir)
             wmf_api_destroy(api);
         Ruim(QStringLiteral("o libwmf não começou"));
     }
+    // A figura do dispositivo "gd" pedida como imagem fica com quem pede: o wmf_api_destroy não a
+    // solta, e o libwmf não exporta o gdImageDestroy. Ela é solta aqui pelo leiaute público do
+    // gd.h do libwmf: as linhas de 32 bits num bloco só (o que wmf_gd_image_pixels devolve), a
+    // lista das linhas e a estrutura.
     struct TFim
     {
         wmfAPI *Api;
-        ~TFim() { wmf_api_destroy(Api); }
+        ~TFim()
+        {
+            if (auto *imagem = static_cast<gdImagePtr>(WMF_GD_GetData(Api)->gd_image)) {
+                if (imagem->trueColor && imagem->tpixels) {
+                    std::free(imagem->tpixels[0]);
+                    std::free(imagem->tpixels);
+                }
+                std::free(imagem);
+                WMF_GD_GetData(Api)->gd_image = nullptr;
+            }
+            wmf_api_destroy(Api);
+        }
     } fim{api};
     wmfD_Rect caixa{};
     if (wmf_mem_open(api, reinterpret_cast<unsigned char *>(bytes.data()), long(bytes.size())) != wmf_E_None ||
