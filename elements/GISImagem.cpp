@@ -1,5 +1,6 @@
 #include <tavru/elements/GISImagem.h>
 
+#include <tavru/companions/geodesy/TFileFormatList.h>
 #include <tavru/core/TGISProjecao.h>
 #include <tavru/platform/ArquivoComum.h>
 #include <tavru/platform/Exception.h>
@@ -16,6 +17,7 @@
 #include <QMutexLocker>
 
 #include <algorithm>
+#include <cmath>
 #include <atomic>
 #include <cstdint>
 #include <new>
@@ -201,6 +203,20 @@ TPaleta CortarNaMediana(const QImage &rgb32)
 /// paleta é exata; com mais, o corte na mediana escolhe as 256. Toda figura alocada é conferida.
 QImage Opaca8Bits(const QImage &origem, const QString &nome)
 {
+    if (origem.format() == QImage::Format_Indexed8) {
+        // Já tem 8 bits: só a paleta fica opaca (e com 256 entradas, para que nenhum índice caia
+        // fora dela); a figura nunca passa por 32 bits, e o pico da leitura é o de duas cópias.
+        QList<QRgb> cores = origem.colorTable();
+        for (QRgb &c : cores)
+            c = Opaco(c) | 0xFF000000u;
+        while (cores.size() < 256)
+            cores.append(0xFF000000u);
+        QImage saida = origem;
+        saida.setColorTable(cores);
+        if (saida.isNull() || saida.constBits() == nullptr)
+            SemMemoria(nome, origem.size());
+        return saida;
+    }
     QImage cores32 = origem;
     if (origem.format() != QImage::Format_RGB32 && origem.format() != QImage::Format_ARGB32) {
         cores32 = origem.convertToFormat(QImage::Format_ARGB32);
@@ -352,6 +368,108 @@ QImage Decodificar(QIODevice &dispositivo, const QString &nome)
     }
 }
 
+/// Decodifica pelo leitor do formato (os que a plataforma não lê), dentro do limite, e deixa a
+/// figura opaca e com 8 bits.
+QImage DecodificarPeloFormato(const TFormatoGrafico &formato, QIODevice &dispositivo, const QString &nome)
+{
+    QImage lida = formato.Ler(dispositivo, [&nome](QSize tamanho) { ConferirLimite(nome, tamanho); });
+    if (lida.isNull())
+        throw EInOutError(QStringLiteral("Formato de imagem desconhecido ou arquivo corrompido: %1").arg(nome));
+    try {
+        return Opaca8Bits(lida, nome);
+    } catch (const std::bad_alloc &) {
+        SemMemoria(nome, lida.size());
+    }
+}
+
+/// As partes de figuras já escaladas para a tela, por canvas (no contexto de desenho), entre um
+/// quadro e o próximo: a mesma figura no mesmo retângulo de tela e a mesma parte visível são
+/// desenhadas sem escalar de novo. O total fica dentro de um orçamento (duas telas, em bytes);
+/// as menos usadas há mais tempo saem primeiro.
+class TCacheDeFiguras
+{
+public:
+    const QImage &Obter(const QImage &figura, const TRect &r, const TRect &visivel, std::int64_t orcamento)
+    {
+        ++FRelogio;
+        for (TEntrada &e : FEntradas)
+            if (e.Chave == figura.cacheKey() && e.R == r && e.Visivel == visivel) {
+                e.Uso = FRelogio;
+                return e.Parte;
+            }
+        TEntrada nova{figura.cacheKey(), r, visivel, Escalar(figura, r, visivel), FRelogio};
+        const std::int64_t bytes = nova.Parte.sizeInBytes();
+        // Sai o menos usado até caber (uma parte maior que o orçamento fica sozinha).
+        while (!FEntradas.empty() && Total() + bytes > orcamento) {
+            auto velha = std::min_element(FEntradas.begin(), FEntradas.end(),
+                                          [](const TEntrada &a, const TEntrada &b) { return a.Uso < b.Uso; });
+            FEntradas.erase(velha);
+        }
+        FEntradas.push_back(std::move(nova));
+        return FEntradas.back().Parte;
+    }
+
+private:
+    struct TEntrada
+    {
+        qint64 Chave;
+        TRect R, Visivel;
+        QImage Parte;
+        std::uint64_t Uso;
+    };
+    std::int64_t Total() const
+    {
+        std::int64_t t = 0;
+        for (const TEntrada &e : FEntradas)
+            t += e.Parte.sizeInBytes();
+        return t;
+    }
+    /// A parte `visivel` da figura esticada em `r`, pixel a pixel pelo vizinho mais próximo (como
+    /// o desenho esticado sem suavização), em 32 bits: só os pixels da tela são calculados, e a
+    /// figura inteira nunca é escalada nem convertida.
+    static QImage Escalar(const QImage &figura, const TRect &r, const TRect &visivel)
+    {
+        const int largura = visivel.Right - visivel.Left, altura = visivel.Bottom - visivel.Top;
+        QImage parte(largura, altura, QImage::Format_RGB32);
+        if (parte.isNull())
+            return parte;
+        const double escalaX = double(figura.width()) / (double(r.Right) - r.Left);
+        const double escalaY = double(figura.height()) / (double(r.Bottom) - r.Top);
+        std::vector<int> colunas(static_cast<size_t>(largura));
+        for (int x = 0; x < largura; ++x) {
+            const double sx = (double(visivel.Left) + x + 0.5 - r.Left) * escalaX;
+            colunas[static_cast<size_t>(x)] = std::clamp(int(sx), 0, figura.width() - 1);
+        }
+        const bool indexada = figura.format() == QImage::Format_Indexed8;
+        const QImage origem = indexada ? figura : figura.convertToFormat(QImage::Format_RGB32);
+        const QVector<QRgb> cores = indexada ? origem.colorTable() : QVector<QRgb>();
+        QRgb paleta[256];
+        for (int i = 0; i < 256; ++i)
+            paleta[i] = i < cores.size() ? cores[i] | 0xFF000000u : 0xFF000000u;
+        for (int y = 0; y < altura; ++y) {
+            const double sy = (double(visivel.Top) + y + 0.5 - r.Top) * escalaY;
+            const int linha = std::clamp(int(sy), 0, origem.height() - 1);
+            QRgb *destino = reinterpret_cast<QRgb *>(parte.scanLine(y));
+            if (indexada) {
+                const uchar *fonte = origem.constScanLine(linha);
+                for (int x = 0; x < largura; ++x)
+                    destino[x] = paleta[fonte[colunas[static_cast<size_t>(x)]]];
+            } else {
+                const QRgb *fonte = reinterpret_cast<const QRgb *>(origem.constScanLine(linha));
+                for (int x = 0; x < largura; ++x)
+                    destino[x] = fonte[colunas[static_cast<size_t>(x)]];
+            }
+        }
+        return parte;
+    }
+
+    std::vector<TEntrada> FEntradas;
+    std::uint64_t FRelogio = 0;
+};
+
+/// Quanto de um arquivo de mundo é olhado: seis números.
+constexpr qint64 TamanhoMaximoMundo = 4 * 1024;
+
 } // namespace
 
 const TClasseObjeto TGISImagem::Descritor = TClasseObjeto::De<TGISImagem>("TGISImagem");
@@ -426,7 +544,25 @@ void TGISImagem::Desenhar(TCanvas &canvas, const TGISProjecao &projecao, bool se
         return;
     const TRect r = ConcertaRect(projecao.MundoParaTelaRet(FAreaImagem));
     canvas.SetCopyMode(cmSrcCopy);
-    canvas.StretchDraw(r, FImagem);
+    const QImage *tela = canvas.Imagem();
+    if (!tela || tela->isNull() || FImagem.isNull() || tela->devicePixelRatio() != 1.0) {
+        // Um canvas sem imagem (que só anota) recebe a figura inteira; numa imagem de alta
+        // densidade, o pintor estica tudo, e a parte escalada aqui não seria a da tela.
+        canvas.StretchDraw(r, FImagem);
+        return;
+    }
+    // Só a parte da figura que cai na tela, na resolução da tela, guardada entre quadros.
+    const std::int64_t esquerda = std::max<std::int64_t>(r.Left, 0);
+    const std::int64_t topo = std::max<std::int64_t>(r.Top, 0);
+    const std::int64_t direita = std::min<std::int64_t>(r.Right, tela->width());
+    const std::int64_t baixo = std::min<std::int64_t>(r.Bottom, tela->height());
+    if (esquerda >= direita || topo >= baixo)
+        return;
+    const TRect visivel{static_cast<int>(esquerda), static_cast<int>(topo), static_cast<int>(direita), static_cast<int>(baixo)};
+    TCacheDeFiguras &cache = canvas.Contexto().Obter<TCacheDeFiguras>();
+    const QImage &parte = cache.Obter(FImagem, r, visivel, std::int64_t(tela->width()) * tela->height() * 4 * 2);
+    if (!parte.isNull())
+        canvas.Draw(visivel.Left, visivel.Top, parte);
 }
 
 bool TGISImagem::Pertence(const TGISProjecao &projecao, const TPoint &ponto)
@@ -458,17 +594,30 @@ void TGISImagem::LerArquivo(const QString &nome)
     const TChaveDeFigura chave{info.canonicalFilePath().isEmpty() ? info.absoluteFilePath() : info.canonicalFilePath(),
                                info.size(), info.lastModified().toMSecsSinceEpoch()};
     QImage figura = FigurasLidas().Procurar(chave);
-    if (figura.isNull())
-        figura = FigurasLidas().Guardar(chave, Decodificar(*arquivo, nome));
-    else
+    if (figura.isNull()) {
+        TFormatoGrafico formato;
+        const bool proprio = TFileFormatList::GraphicFromExtension(info.suffix(), formato) && formato.Ler;
+        figura = FigurasLidas().Guardar(chave, proprio ? DecodificarPeloFormato(formato, *arquivo, nome)
+                                                       : Decodificar(*arquivo, nome));
+    } else {
         ConferirLimite(nome, figura.size()); // o limite vale também para a figura já lida
+    }
     FImagem = figura;
-    LerArquivoGEO(nome);
+    if (!LerArquivoGEO(nome))
+        LerArquivoMundo(nome);
 }
 
 bool TGISImagem::LerArquivoGEO(const QString &nome)
 {
-    const QString geo = NomeArquivoGEO(nome);
+    TGISRet lida;
+    if (!LerGeo(NomeArquivoGEO(nome), lida))
+        return false;
+    FAreaImagem = ConcertaRect(lida);
+    return true;
+}
+
+bool TGISImagem::LerGeo(const QString &geo, TGISRet &area)
+{
     const std::unique_ptr<QFile> arquivo = AbrirArquivoComum(geo);
     if (!arquivo)
         return false;
@@ -480,8 +629,70 @@ bool TGISImagem::LerArquivoGEO(const QString &nome)
     if (!problema.isEmpty())
         throw EInOutError(QStringLiteral("O arquivo \"%1\" não tem os quatro números inteiros da área da figura: %2.")
                               .arg(geo, problema));
-    FAreaImagem = ConcertaRect(GISRet(v[0], v[1], v[2], v[3]));
+    area = GISRet(v[0], v[1], v[2], v[3]);
     return true;
+}
+
+QStringList TGISImagem::NomesArquivoMundo(const QString &nome)
+{
+    const QString geo = NomeArquivoGEO(nome);
+    const QString base = geo.left(geo.size() - 4);
+    const QString extensao = QFileInfo(nome).suffix().toLower();
+    QStringList nomes;
+    if (extensao.size() >= 2)
+        nomes.append(base + QLatin1Char('.') + extensao.front() + extensao.back() + QLatin1Char('w'));
+    if (!extensao.isEmpty())
+        nomes.append(base + QLatin1Char('.') + extensao + QLatin1Char('w'));
+    nomes.append(base + QStringLiteral(".wld"));
+    nomes.removeDuplicates();
+    return nomes;
+}
+
+bool TGISImagem::LerArquivoMundo(const QString &nome)
+{
+    for (const QString &mundo : NomesArquivoMundo(nome)) {
+        const std::unique_ptr<QFile> arquivo = AbrirArquivoComum(mundo);
+        if (!arquivo)
+            continue;
+        const QByteArray texto = arquivo->read(TamanhoMaximoMundo);
+        const QList<QByteArray> partes = texto.simplified().split(' ');
+        double v[6];
+        bool lidos = partes.size() >= 6;
+        for (int k = 0; lidos && k < 6; ++k)
+            v[k] = partes[k].toDouble(&lidos);
+        for (int k = 0; lidos && k < 6; ++k)
+            lidos = std::isfinite(v[k]);
+        if (!lidos) {
+            qWarning("Tavru: o arquivo de mundo \"%s\" não tem seis números; a figura fica no retângulo padrão.",
+                     qPrintable(mundo));
+            return false;
+        }
+        // A, D, B, E, C, F: tamanho do pixel em x, rotações, tamanho em y (negativo com o norte
+        // para cima), centro do pixel de cima à esquerda.
+        if (v[1] != 0.0 || v[2] != 0.0) {
+            qWarning("Tavru: o arquivo de mundo \"%s\" tem termos de rotação (%g, %g), que a figura não faz; ela fica "
+                     "no retângulo padrão.",
+                     qPrintable(mundo), v[1], v[2]);
+            return false;
+        }
+        const double lon1 = v[4] - v[0] / 2, lat1 = v[5] - v[3] / 2;
+        const double lon2 = lon1 + v[0] * FImagem.width(), lat2 = lat1 + v[3] * FImagem.height();
+        const auto segundos = [](double graus) { return graus * 3600.0; };
+        const double limite = 2147483647.0;
+        const double c[4] = {segundos(lat1), segundos(lon1), segundos(lat2), segundos(lon2)};
+        for (double x : c)
+            if (!(std::fabs(x) < limite)) {
+                qWarning("Tavru: o arquivo de mundo \"%s\" põe a figura fora do mundo; ela fica no retângulo padrão.",
+                         qPrintable(mundo));
+                return false;
+            }
+        FAreaImagem = ConcertaRect(GISRet(static_cast<std::int32_t>(std::lround(c[0])),
+                                          static_cast<std::int32_t>(std::lround(c[1])),
+                                          static_cast<std::int32_t>(std::lround(c[2])),
+                                          static_cast<std::int32_t>(std::lround(c[3]))));
+        return true;
+    }
+    return false;
 }
 
 void TGISImagem::GravarArquivoGEO(const QString &nome) const
@@ -507,43 +718,19 @@ QString TGISImagem::NomeArquivoGEO(const QString &nome)
 
 QString TGISImagem::FiltroDeImagens()
 {
-    // Os nomes de um mesmo formato ficam num par só.
-    struct TFamilia
-    {
-        QString Descricao;
-        QStringList Padroes;
-    };
-    const auto familiaDe = [](const QString &formato) {
-        if (formato == QLatin1String("jpg") || formato == QLatin1String("jpeg") || formato == QLatin1String("jfif"))
-            return QStringLiteral("JPEG");
-        if (formato == QLatin1String("tif") || formato == QLatin1String("tiff"))
-            return QStringLiteral("TIFF");
-        if (formato == QLatin1String("svg") || formato == QLatin1String("svgz"))
-            return QStringLiteral("SVG");
-        return formato.toUpper();
-    };
-    std::vector<TFamilia> familias;
-    QStringList todos;
+    QString filtro = TFileFormatList::GetGraphicFilter();
+    filtro.replace(QStringLiteral("All Images"), QStringLiteral("Formatos Compatíveis"), Qt::CaseInsensitive);
+    // Os outros formatos que os leitores de imagem da plataforma conhecem (TIFF, WebP, ...), um
+    // par por formato, depois dos da lista.
+    QStringList extras;
     for (const QByteArray &bruto : QImageReader::supportedImageFormats()) {
         const QString formato = QString::fromLatin1(bruto).toLower();
-        const QString padrao = QStringLiteral("*.") + formato;
-        if (todos.contains(padrao))
-            continue;
-        todos.append(padrao);
-        const QString descricao = familiaDe(formato);
-        auto it = std::find_if(familias.begin(), familias.end(),
-                               [&](const TFamilia &f) { return f.Descricao == descricao; });
-        if (it == familias.end())
-            familias.push_back({descricao, {padrao}});
-        else
-            it->Padroes.append(padrao);
+        TFormatoGrafico conhecido;
+        if (!TFileFormatList::GraphicFromExtension(formato, conhecido) && !extras.contains(formato))
+            extras.append(formato);
     }
-    const QString juntos = todos.join(QLatin1Char(';'));
-    QString filtro = QStringLiteral("Formatos Compatíveis (%1)|%1").arg(juntos);
-    for (const TFamilia &f : familias) {
-        const QString padroes = f.Padroes.join(QLatin1Char(';'));
-        filtro += QStringLiteral("|%1 (%2)|%2").arg(f.Descricao, padroes);
-    }
+    for (const QString &formato : extras)
+        filtro += QStringLiteral("|%1 (*.%2)|*.%2").arg(formato.toUpper(), formato);
     return filtro;
 }
 

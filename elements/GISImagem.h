@@ -17,9 +17,9 @@ namespace tavru {
 /// um texto cuja primeira linha tem os quatro inteiros de `AreaImagem` na ordem de `TGISRet`
 /// (latitude 1, longitude 1, latitude 2, longitude 2, em segundos de arco).
 ///
-/// A figura é lida pelos leitores de imagem do Qt (JPEG, PNG, GIF, BMP e o que os plug-ins de
-/// formatos instalados somam: TIFF, WebP, TGA, ICO...; ver `FiltroDeImagens`). WMF e EMF não são
-/// lidos: o Qt não tem leitor deles. A figura fica opaca (a transparência vira fundo branco) e com
+/// A figura é lida pela lista de formatos de figura (`TFileFormatList`: JPEG, PNG, GIF, BMP, WMF e
+/// EMF) e pelos leitores de imagem do Qt (o que os plug-ins de formatos instalados somam: TIFF,
+/// WebP, TGA, ICO...; ver `FiltroDeImagens`). A figura fica opaca (a transparência vira fundo branco) e com
 /// 8 bits por pixel (paleta de 256 cores), para que o desenho seja o mesmo de mapas já guardados e
 /// a memória de figuras grandes caia a um quarto.
 ///
@@ -59,6 +59,13 @@ public:
     bool ConfiguracaoPadrao(const TGISProjecao &projecao, const TPoint &ponto) override;
     /// Estica a figura no retângulo de tela de `AreaImagem` (em ordem), com cópia simples, só
     /// quando `ZoomMinimoImagem <= zoom <= ZoomMaximoImagem` e `selecionado` é falso.
+    ///
+    /// Num canvas com imagem, só a parte da figura que cai dentro dela é escalada, na resolução da
+    /// tela (vizinho mais próximo, como o desenho esticado sem suavização), e o resultado fica no
+    /// contexto de desenho do canvas para o quadro seguinte na mesma visão: um cache por canvas,
+    /// para todas as imagens, com orçamento de duas telas (32 bits por pixel), que solta as partes
+    /// usadas há mais tempo. Trocar a figura (`AtribuirImagem`, `LerArquivo`) troca a chave do cache.
+    /// Num canvas sem imagem (que só anota chamadas), a figura inteira vai a `StretchDraw`.
     void Desenhar(TCanvas &canvas, const TGISProjecao &projecao, bool selecionado) override;
     /// Estrito e sem normalizar: com R = `MundoParaTelaRet(AreaImagem)`, verdadeiro só quando
     /// R.Left < x < R.Right e R.Top < y < R.Bottom. Mantido de propósito: numa projeção com o
@@ -72,9 +79,12 @@ public:
     /// Lê a figura do arquivo e, quando existe, o ".geo" dela:
     /// 1. `NomeArquivoImagem` = `nome` (fica mesmo que a leitura falhe);
     /// 2. a figura é lida (o formato vem do conteúdo, não só da extensão), fica opaca e com 8 bits
-    ///    por pixel; a mesma figura já lida no processo não é decodificada de novo;
+    ///    por pixel; a mesma figura já lida no processo não é decodificada de novo. Um formato da
+    ///    lista de formatos de figura (`TFileFormatList`) com leitor próprio é lido por ele (pela
+    ///    extensão); os outros, pelos leitores de imagem da plataforma;
     /// 3. o ".geo" é lido por `LerArquivoGEO`, e os erros dele seguem para quem chama (a figura já
-    ///    trocada fica). A posição não muda.
+    ///    trocada fica); sem ".geo", o arquivo de mundo (`LerArquivoMundo`, extensão). A posição
+    ///    não muda.
     /// Um arquivo que não existe levanta `EInOutError` com "O arquivo especificado não existe ou
     /// não está disponível!"; um nome que não é de um arquivo comum (pasta, FIFO, dispositivo), uma
     /// figura acima de `LimiteDeFigura`, a falta de memória para decodificá-la ou convertê-la
@@ -101,6 +111,22 @@ public:
     ///         um número com fração ou letras grudadas, um número além dos 32 bits, arquivo vazio).
     ///         `AreaImagem` fica como estava.
     bool LerArquivoGEO(const QString &nome);
+    /// Lê os quatro inteiros do arquivo ".geo" `geo` (o nome do próprio ".geo") para `area`, como
+    /// vieram (sem `ConcertaRect`), com o formato e os erros de `LerArquivoGEO`. Responde falso, sem
+    /// mudar `area`, quando o arquivo não existe.
+    static bool LerGeo(const QString &geo, TGISRet &area);
+    /// Extensão: lê o arquivo de mundo do ESRI ao lado da figura, quando não há ".geo", para
+    /// `AreaImagem`, em ordem. Os nomes procurados, nesta ordem, são os de `NomesArquivoMundo`
+    /// (".pgw" para ".png", ".jgw" para ".jpg", ".gfw", ".bpw", ".tfw", ".pngw"..., ".wld"); vale o
+    /// primeiro que existe. As seis linhas são o tamanho do pixel em graus de longitude, as duas
+    /// rotações, o tamanho do pixel em graus de latitude (negativo com o norte para cima) e a
+    /// longitude e a latitude do centro do pixel de cima à esquerda; o retângulo vai da borda
+    /// desse pixel à borda do último, com o tamanho da figura já lida, arredondado ao segundo.
+    /// Um arquivo com rotação, sem seis números ou que cai fora dos 32 bits não é usado: um aviso
+    /// (`qWarning`) diz por quê e `AreaImagem` fica como estava. Responde se leu.
+    bool LerArquivoMundo(const QString &nome);
+    /// Os nomes de arquivo de mundo de `nome`, na ordem em que são procurados.
+    static QStringList NomesArquivoMundo(const QString &nome);
     /// `AreaImagem` = `area` (como veio) e a posição da base vai para o centro dela (sem passar
     /// pelo deslocamento de `AtribuirPosicao`).
     void AtribuirArea(const TGISRet &area);
@@ -117,9 +143,10 @@ public:
     /// O nome do ".geo" de um arquivo: a extensão do nome (depois do último ponto do nome do
     /// arquivo, não das pastas) trocada por ".geo", ou ".geo" acrescentado quando não há.
     static QString NomeArquivoGEO(const QString &nome);
-    /// O filtro do diálogo de abrir, no formato da casa, montado dos formatos que os leitores de
-    /// imagem do Qt conhecem: "Formatos Compatíveis (*.bmp;*.gif;...)|*.bmp;*.gif;...|" e um par
-    /// por formato ("JPEG (*.jpeg;*.jpg)|*.jpeg;*.jpg", ...).
+    /// O filtro do diálogo de abrir, no formato da casa: o da lista de formatos de figura
+    /// (`TFileFormatList::GetGraphicFilter`) com cada "All Images" trocado por "Formatos
+    /// Compatíveis" (sem diferenciar maiúsculas) e, depois, um par para cada outro formato que os
+    /// leitores de imagem da plataforma conhecem ("TIFF (*.tiff)|*.tiff", ...).
     static QString FiltroDeImagens();
 
     // Campos.

@@ -17,7 +17,11 @@ namespace {
 
 QString TipoOuPelaExtensao(const QString &arquivo, const QString &tipo, bool leitura)
 {
-    const QString achado = tipo.isEmpty() ? TGISObjetoList::ObterTipoPeloArquivo(arquivo, leitura) : tipo;
+    QString achado = tipo.isEmpty() ? TGISObjetoList::ObterTipoPeloArquivo(arquivo, leitura) : tipo;
+    // Nenhum padrão casa (o filtro de leitura do "png" lista *.jpg): vale a busca solta pela
+    // extensão, que também olha a descrição do filtro ("(*.png)").
+    if (achado.isEmpty() && !QFileInfo(arquivo).suffix().isEmpty())
+        achado = TGISObjetoList::ObterTipoPelaExtencao(QFileInfo(arquivo).suffix(), leitura);
     if (achado.isEmpty())
         throw EInvalidOperation(QStringLiteral("Nenhum tratador de arquivo %1 arquivos do tipo \"%2\".")
                                     .arg(leitura ? QStringLiteral("lê") : QStringLiteral("grava"),
