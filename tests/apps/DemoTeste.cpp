@@ -58,6 +58,24 @@ QProcessEnvironment AmbienteSemTela()
     return ambiente;
 }
 
+/// Um quadrado vermelho no meio do Brasil, num documento de uma camada.
+const QByteArray Quadrado = "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>\r\n<CAMADA>\r\n"
+                            "<Area Estilo=\"0\" Cor=\"0000FF\" EstiloPreenchimento=\"0\" CorPreenchimento=\"0000FF\">\r\n<Pontos>\r\n"
+                            "<Ponto Tipo=\"Inicio\" Latitude=\"-36000\" Longitude=\"-198000\"/>\r\n"
+                            "<Ponto Latitude=\"-36000\" Longitude=\"-162000\"/>\r\n"
+                            "<Ponto Latitude=\"-72000\" Longitude=\"-162000\"/>\r\n"
+                            "<Ponto Latitude=\"-72000\" Longitude=\"-198000\"/>\r\n"
+                            "</Pontos>\r\n</Area>\r\n</CAMADA>\r\n";
+
+/// Grava `bytes` em `nome` dentro de `pasta`; devolve o caminho.
+QString Escrever(const QTemporaryDir &pasta, const char *nome, const QByteArray &bytes)
+{
+    QFile arquivo(pasta.filePath(QString::fromLatin1(nome)));
+    EXPECT_TRUE(arquivo.open(QIODevice::WriteOnly));
+    arquivo.write(bytes);
+    return arquivo.fileName();
+}
+
 /// Roda o aplicativo sem tela até o fim; devolve o código de saída (-1 se não terminou).
 int Rodar(QProcess &processo, const QStringList &argumentos)
 {
@@ -93,28 +111,14 @@ TEST(TavruMapa, SemTelaGravaOMapaNumPngComOsDocumentosDaLinhaDeComando)
     EXPECT_EQ(QImage(pedido), mapa);
 
     // Um documento da linha de comando abre numa camada nova: um quadrado vermelho no meio do Brasil.
-    const QString documento = pasta.filePath("quadrado.xml");
-    QFile arquivo(documento);
-    ASSERT_TRUE(arquivo.open(QIODevice::WriteOnly));
-    arquivo.write("<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>\r\n<CAMADA>\r\n"
-                  "<Area Estilo=\"0\" Cor=\"0000FF\" EstiloPreenchimento=\"0\" CorPreenchimento=\"0000FF\">\r\n<Pontos>\r\n"
-                  "<Ponto Tipo=\"Inicio\" Latitude=\"-36000\" Longitude=\"-198000\"/>\r\n"
-                  "<Ponto Latitude=\"-36000\" Longitude=\"-162000\"/>\r\n"
-                  "<Ponto Latitude=\"-72000\" Longitude=\"-162000\"/>\r\n"
-                  "<Ponto Latitude=\"-72000\" Longitude=\"-198000\"/>\r\n"
-                  "</Pontos>\r\n</Area>\r\n</CAMADA>\r\n");
-    arquivo.close();
+    const QString documento = Escrever(pasta, "quadrado.xml", Quadrado);
     const QString comDocumento = pasta.filePath("com.png");
     EXPECT_EQ(Rodar(processo, {"--png", comDocumento, documento}), 0) << processo.readAllStandardError().toStdString();
     const QImage com(comDocumento);
     EXPECT_GT(Contar(com, com.rect()).Vermelho, 3000);
 
     // Um documento sem nada que o leitor conheça: dito, saída 1, e o mapa como estava.
-    const QString estranho = pasta.filePath("estranho.xml");
-    QFile arquivoEstranho(estranho);
-    ASSERT_TRUE(arquivoEstranho.open(QIODevice::WriteOnly));
-    arquivoEstranho.write("<CAMADA><Desconhecido/></CAMADA>");
-    arquivoEstranho.close();
+    const QString estranho = Escrever(pasta, "estranho.xml", "<CAMADA><Desconhecido/></CAMADA>");
     const QString comEstranho = pasta.filePath("estranho.png");
     EXPECT_EQ(Rodar(processo, {"--png", comEstranho, estranho}), 1);
     EXPECT_TRUE(QString::fromUtf8(processo.readAllStandardError()).contains("nenhum objeto reconhecido em " + estranho));
@@ -152,14 +156,7 @@ TEST(ScriptTavru, DemoResolveOsCaminhosNaPastaDeQuemChama)
         GTEST_SKIP() << "esta compilação não é a build/ que o script usa";
     QTemporaryDir pasta;
     ASSERT_TRUE(pasta.isValid());
-    QFile documento(pasta.filePath("quadrado.xml"));
-    ASSERT_TRUE(documento.open(QIODevice::WriteOnly));
-    documento.write("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\r\n<CAMADA>\r\n<Area Estilo=\"0\" Cor=\"0000FF\" "
-                    "EstiloPreenchimento=\"0\" CorPreenchimento=\"0000FF\">\r\n<Pontos>\r\n"
-                    "<Ponto Tipo=\"Inicio\" Latitude=\"-36000\" Longitude=\"-198000\"/>\r\n"
-                    "<Ponto Latitude=\"-36000\" Longitude=\"-162000\"/>\r\n<Ponto Latitude=\"-72000\" Longitude=\"-162000\"/>\r\n"
-                    "</Pontos>\r\n</Area>\r\n</CAMADA>\r\n");
-    documento.close();
+    Escrever(pasta, "quadrado.xml", Quadrado);
     QProcess processo;
     processo.setProcessEnvironment(AmbienteSemTela());
     processo.setWorkingDirectory(pasta.path());

@@ -117,6 +117,5 @@ TEST(TGISObjetoList, CalcularLimitesEBuscaExata)
     EXPECT_EQ(l.ObterObjeto("Nome", "rio"), nullptr);
     EXPECT_EQ(l.ObterObjeto("nome", "Rio"), nullptr);
     EXPECT_EQ(l.ObterObjeto("Tipo", QString()), nullptr); // campo ausente não é campo vazio
-    EXPECT_EQ(l.ObterObjeto(QStringLiteral("Tipo"), QString()), nullptr);
 }
 

@@ -2,10 +2,12 @@
 // Ajustes comuns dos testes de DGN: registro de tratadores e de plug-ins guardados e restaurados,
 // diálogos roteirizados, uma pasta temporária para os desenhos e os ".geo".
 
+#include <tavru/core/Arredondar.h>
 #include <tavru/core/TGISObjetoList.h>
 #include <tavru/formats/TTratadorDeArquivosDGN.h>
 #include <tavru/platform/TProvedorDeDialogos.h>
 
+#include <GeographicLib/TransverseMercator.hpp>
 #include <QFile>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
@@ -20,6 +22,16 @@ inline QString PastaDeTeste(const char *nome)
 inline QString PastaDoPacote(const char *nome)
 {
     return QStringLiteral(TAVRU_PLUGINS_PACOTE "/") + QLatin1String(nome);
+}
+
+/// A posição de referência (segundos de arco) de um ponto UTM sul do fuso 23 (meridiano -45) no
+/// GRS 1980, pelo GeographicLib.
+inline tavru::TGISPosicao Utm23Sul(double leste, double norte)
+{
+    const GeographicLib::TransverseMercator tm(6378137.0, 1 / 298.257222101, 0.9996);
+    double lat = 0, lon = 0;
+    tm.Reverse(-45.0, leste - 500000.0, norte - 10000000.0, lat, lon);
+    return tavru::GISPosicao(tavru::Arredondar(lat * 3600.0), tavru::Arredondar(lon * 3600.0));
 }
 
 class DGN : public ::testing::Test

@@ -3,12 +3,10 @@
 
 #include "AjustesDGN.h"
 
-#include <tavru/core/Arredondar.h>
 #include <tavru/elements/GISArea.h>
 #include <tavru/elements/GISLinha.h>
 #include <tavru/elements/GISPonto.h>
 
-#include <GeographicLib/TransverseMercator.hpp>
 #include <map>
 
 using namespace tavru;
@@ -60,16 +58,14 @@ TEST_F(DGN, DesenhoDaGradeUTMFicaNoLugar)
     EXPECT_EQ(ContarClasses(lista), (std::map<QString, int>{{"TGISLinha", 30}, {"TGISArea", 14}}));
 
     // O primeiro vértice da primeira forma (357702.5 leste, 9763203.2 norte), e o anel fechado.
-    const GeographicLib::TransverseMercator tm(6378137.0, 1 / 298.257222101, 0.9996);
-    double lat = 0, lon = 0;
-    tm.Reverse(-45.0, 357702.5 - 500000.0, 9763203.2 - 10000000.0, lat, lon);
+    const TGISPosicao primeiro = teste::Utm23Sul(357702.5, 9763203.2);
     const TGISArea *area = nullptr;
     for (int i = 0; i < lista.Count() && !area; ++i)
         area = dynamic_cast<const TGISArea *>(lista.ObterGISObjeto(i));
     ASSERT_NE(area, nullptr);
     const TGISPosicaoList &anel = *area->Pontos().Items(0);
-    EXPECT_NEAR(anel.ObterPosicao(0).Latitude, Segundos(lat), 1);
-    EXPECT_NEAR(anel.ObterPosicao(0).Longitude, Segundos(lon), 1);
+    EXPECT_NEAR(anel.ObterPosicao(0).Latitude, primeiro.Latitude, 1);
+    EXPECT_NEAR(anel.ObterPosicao(0).Longitude, primeiro.Longitude, 1);
     EXPECT_EQ(anel.ObterPosicao(0), anel.Last());
     EXPECT_EQ(area->Pincel().Style, bsClear);
     EXPECT_EQ(area->Caneta().Color, 0xFFFFFF);

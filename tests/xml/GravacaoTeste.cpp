@@ -191,6 +191,5 @@ TEST_F(Gravacao, FalhasNaoDestroemODocumentoAnterior)
     std::signal(SIGXFSZ, sinal);
     EXPECT_TRUE(falhou);
     EXPECT_EQ(Bytes(caminho), anterior);
-    EXPECT_EQ(Arquivos(), QStringList{"mapa.xml"});
-    EXPECT_THROW(Gravar(lista, Caminho("nao/existe.xml")), EInOutError);
+    EXPECT_EQ(Arquivos(), QStringList{"mapa.xml"}); // a pasta que não existe: nos testes hostis
 }
