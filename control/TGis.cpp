@@ -6,6 +6,7 @@
 #include <tavru/companions/symbology/TTabelaDeSimbolos.h>
 #include <tavru/control/IGISMouseEvent.h>
 #include <tavru/control/TGradeDeRotulos_p.h>
+#include <tavru/control/TDocumentoDoMapa.h>
 #include <tavru/control/TGISBarraDeEscala.h>
 #include <tavru/core/Arredondar.h>
 #include <tavru/core/TGISCamadaList.h>
@@ -131,6 +132,16 @@ void TGis::Limpar()
     FCamadas->Clear();
     if (tinhaSelecao)
         emit ObjetoSelecionadoMudou(nullptr);
+}
+
+void TGis::SalvarMapa(const QString &nomeArquivo)
+{
+    TDocumentoDoMapa::Gravar(*this, nomeArquivo);
+}
+
+void TGis::AbrirMapa(const QString &nomeArquivo)
+{
+    TDocumentoDoMapa::Ler(*this, nomeArquivo);
 }
 
 // Desenho.

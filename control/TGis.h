@@ -119,6 +119,12 @@ public:
     void MoverParaTras(const QString &nome);
     /// Esquece o objeto selecionado (sem perguntar) e esvazia a lista de camadas. Não redesenha.
     virtual void Limpar();
+    /// Extensão: grava o mapa inteiro (camadas, opções dos rótulos, visão) no documento do mapa
+    /// `nomeArquivo` (ver `TDocumentoDoMapa`, que diz o que se guarda e o que lança).
+    void SalvarMapa(const QString &nomeArquivo);
+    /// Extensão: troca o mapa pelo do documento `nomeArquivo` só quando ele se lê inteiro; um erro
+    /// deixa o mapa como estava (ver `TDocumentoDoMapa`).
+    void AbrirMapa(const QString &nomeArquivo);
 
     // Desenho.
 

@@ -192,6 +192,37 @@ bool TGISObjetoList::Ler(const QString &nomeArquivo, const QString &tipo, const 
     }
     TerminarLote();
     FNomeArquivo = nomeArquivo;
+    FTipoArquivo = tipo;
+    FOpcoesDeLeitura = opcoes;
+    return true;
+}
+
+bool TGISObjetoList::Ler(const QString &nomeArquivo, const QString &tipo, const QVariantMap &opcoes,
+                         const TProgressoDeLeitura &progresso, int intervaloMs)
+{
+    const TClasseTratador *classe = nullptr;
+    if (!ObterRefClassPeloTipo(tipo, classe))
+        return false;
+    TGISObjetoList rascunho; // um erro no meio libera o que ela tem, e esta lista nem fica sabendo
+    const auto tratador = classe->Criar(rascunho);
+    tratador->AtribuirOpcoes(opcoes);
+    tratador->AtribuirProgresso(progresso, intervaloMs);
+    tratador->Ler(nomeArquivo);
+    tratador->AvisarProgresso(1.0, rascunho.Count());
+
+    // Daqui em diante nada falha: os objetos mudam de dono (sem posse, o rascunho só os esquece).
+    IniciarLote();
+    for (int i = 0; i < rascunho.Count(); ++i)
+        Add(rascunho.Items(i));
+    TerminarLote();
+    const bool calculouLimites = !(rascunho.Limites() == MundoInteiro);
+    rascunho.SetOwnsObjects(false);
+    rascunho.Clear();
+    if (calculouLimites) // o tratador calculou os limites: valem para a lista toda
+        CalcularLimites();
+    FNomeArquivo = nomeArquivo;
+    FTipoArquivo = tipo;
+    FOpcoesDeLeitura = opcoes;
     return true;
 }
 
@@ -202,6 +233,8 @@ bool TGISObjetoList::Gravar(const QString &nomeArquivo, const QString &tipo)
         return false;
     classe->Criar(*this)->Gravar(nomeArquivo);
     FNomeArquivo = nomeArquivo;
+    FTipoArquivo = tipo;
+    FOpcoesDeLeitura.clear();
     return true;
 }
 

@@ -3,6 +3,7 @@
 #include "ArquivosDoMapa.h"
 #include "FerramentasDaJanela.h"
 #include "MapaEmbutido.h"
+#include "MenuDoMapa.h"
 #include "TJanelaDeSimbolos.h"
 
 #include <tavru/companions/components/TVisualizadorInformacoes.h>
@@ -50,6 +51,8 @@ TJanelaMapa::TJanelaMapa(QWidget *parent)
     auto *arquivo = menuBar()->addMenu(QStringLiteral("&Arquivo"));
     arquivo->addAction(QStringLiteral("&Abrir camada..."), QKeySequence::Open, this, &TJanelaMapa::AbrirCamada);
     arquivo->addAction(QStringLiteral("&Salvar camada..."), QKeySequence::Save, this, &TJanelaMapa::SalvarCamada);
+    arquivo->addSeparator();
+    AcrescentarMenuDoMapa(*arquivo, *FGis, *this);
     arquivo->addSeparator();
     arquivo->addAction(QStringLiteral("Sai&r"), this, &QWidget::close);
     auto *exibir = menuBar()->addMenu(QStringLiteral("&Exibir"));
