@@ -209,21 +209,31 @@ bool TGISObjetoList::Ler(const QString &nomeArquivo, const QString &tipo, const 
     tratador->AtribuirProgresso(progresso, intervaloMs);
     tratador->Ler(nomeArquivo);
     tratador->AvisarProgresso(1.0, rascunho.Count());
+    rascunho.FNomeArquivo = nomeArquivo;
+    rascunho.FTipoArquivo = tipo;
+    rascunho.FOpcoesDeLeitura = opcoes;
+    Transferir(rascunho);
+    return true;
+}
 
-    // Daqui em diante nada falha: os objetos mudam de dono (sem posse, o rascunho só os esquece).
+void TGISObjetoList::Transferir(TGISObjetoList &rascunho)
+{
+    // Nada aqui falha: os objetos mudam de dono (sem posse, o rascunho só os esquece, e o dono
+    // novo já está marcado em cada um).
     IniciarLote();
     for (int i = 0; i < rascunho.Count(); ++i)
         Add(rascunho.Items(i));
     TerminarLote();
     const bool calculouLimites = !(rascunho.Limites() == MundoInteiro);
+    const bool possui = rascunho.OwnsObjects();
     rascunho.SetOwnsObjects(false);
     rascunho.Clear();
+    rascunho.SetOwnsObjects(possui);
     if (calculouLimites) // o tratador calculou os limites: valem para a lista toda
         CalcularLimites();
-    FNomeArquivo = nomeArquivo;
-    FTipoArquivo = tipo;
-    FOpcoesDeLeitura = opcoes;
-    return true;
+    FNomeArquivo = rascunho.FNomeArquivo;
+    FTipoArquivo = rascunho.FTipoArquivo;
+    FOpcoesDeLeitura = rascunho.FOpcoesDeLeitura;
 }
 
 bool TGISObjetoList::Gravar(const QString &nomeArquivo, const QString &tipo)

@@ -108,6 +108,11 @@ public:
     /// aviso. O último aviso de uma leitura que deu certo é (1, total lido).
     bool Ler(const QString &nomeArquivo, const QString &tipo, const QVariantMap &opcoes,
              const TProgressoDeLeitura &progresso, int intervaloMs = 50);
+    /// Extensão: passa os objetos de `rascunho` para o fim desta lista, em ordem e num lote só (esta
+    /// passa a possuí-los; `rascunho` fica vazia), com a origem dela (`NomeArquivo`, `TipoArquivo`,
+    /// `OpcoesDeLeitura`); quando os limites de `rascunho` foram calculados, esta recalcula os seus.
+    /// É o fim de uma leitura feita numa lista de rascunho (por exemplo, noutra linha de execução).
+    void Transferir(TGISObjetoList &rascunho);
     /// Grava o arquivo do mesmo modo.
     bool Gravar(const QString &nomeArquivo, const QString &tipo);
 
