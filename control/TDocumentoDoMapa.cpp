@@ -271,7 +271,8 @@ void TDocumentoDoMapa::Gravar(TGis &gis, const QString &nomeArquivo)
 
         const TGISObjetoList &lista = camada->Objetos();
         const QFileInfo origem(lista.NomeArquivo());
-        if (!lista.NomeArquivo().isEmpty() && !lista.TipoArquivo().isEmpty() && origem.isFile()) {
+        if (!lista.NomeArquivo().isEmpty() && !lista.TipoArquivo().isEmpty() && lista.MesmosObjetosDaOrigem()
+            && origem.isFile()) {
             pugi::xml_node arquivo = no.append_child("ARQUIVO");
             Atributo(arquivo, "Caminho", CaminhoGuardado(pastaDoDocumento, lista.NomeArquivo()));
             Atributo(arquivo, "Tratador", lista.TipoArquivo());

@@ -16,11 +16,12 @@ class TGis;
 ///   caneta, pincel e a visibilidade dos objetos e dos rótulos deles (um valor por camada: todos
 ///   visíveis ou não; uma camada mista volta com o valor da maioria, de propósito);
 /// - os objetos de cada camada: a camada que veio de um arquivo (a lista dela sabe `NomeArquivo` e
-///   `TipoArquivo`, e o arquivo existe) é guardada como uma referência a ele, com o tipo do
-///   tratador e as opções de leitura, e o caminho relativo à pasta do documento; as outras levam
-///   os objetos dentro do documento, escritos pelo tratador "XML". Uma camada lida de um arquivo e
-///   editada depois guarda a referência: as edições se guardam gravando a camada (ou esquecendo
-///   o arquivo com `AtribuirNomeArquivo("")`);
+///   `TipoArquivo`, nenhum objeto entrou ou saiu depois, `MesmosObjetosDaOrigem`, e o arquivo
+///   existe) é guardada como uma referência a ele, com o tipo do tratador e as opções de leitura,
+///   e o caminho relativo à pasta do documento; as outras levam os objetos dentro do documento,
+///   escritos pelo tratador "XML". Mudanças dentro dos objetos de uma camada referida (um ponto
+///   arrastado) não entram: gravam-se gravando a camada, ou esquecendo o arquivo com
+///   `AtribuirNomeArquivo("")`;
 /// - as opções dos rótulos do controle (campos, fonte, halo, sem sobreposição), a seta no centro
 ///   da área, a barra de escala, a cor de fundo e a visão (centro e zoom).
 ///

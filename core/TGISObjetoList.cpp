@@ -116,6 +116,7 @@ void TGISObjetoList::AvisarAlteracao(TGISObjeto *objeto)
 
 void TGISObjetoList::Notificar(TGISObjeto *objeto, TAcaoDeLista acao)
 {
+    ++FEstrutura;
     TGISMudanca mudanca = gmIncluido;
     switch (acao) {
     case laIncluido: mudanca = gmIncluido; break;
@@ -194,6 +195,7 @@ bool TGISObjetoList::Ler(const QString &nomeArquivo, const QString &tipo, const 
     FNomeArquivo = nomeArquivo;
     FTipoArquivo = tipo;
     FOpcoesDeLeitura = opcoes;
+    FEstruturaDaOrigem = FEstrutura;
     return true;
 }
 
@@ -234,6 +236,7 @@ void TGISObjetoList::Transferir(TGISObjetoList &rascunho)
     FNomeArquivo = rascunho.FNomeArquivo;
     FTipoArquivo = rascunho.FTipoArquivo;
     FOpcoesDeLeitura = rascunho.FOpcoesDeLeitura;
+    FEstruturaDaOrigem = FEstrutura;
 }
 
 bool TGISObjetoList::Gravar(const QString &nomeArquivo, const QString &tipo)
@@ -245,6 +248,7 @@ bool TGISObjetoList::Gravar(const QString &nomeArquivo, const QString &tipo)
     FNomeArquivo = nomeArquivo;
     FTipoArquivo = tipo;
     FOpcoesDeLeitura.clear();
+    FEstruturaDaOrigem = FEstrutura;
     return true;
 }
 

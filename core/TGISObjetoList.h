@@ -86,6 +86,10 @@ public:
     void AtribuirTipoArquivo(const QString &tipo) { FTipoArquivo = tipo; }
     /// Extensão: as opções de leitura do último `Ler` que deu certo (um `Gravar` as esvazia).
     const QVariantMap &OpcoesDeLeitura() const { return FOpcoesDeLeitura; }
+    /// Extensão: nenhum objeto entrou, saiu ou mudou de lugar na lista desde o último `Ler` ou
+    /// `Gravar` que deu certo (mudanças dentro dos objetos não contam). O documento do mapa só
+    /// guarda a camada como referência ao arquivo enquanto isto vale.
+    bool MesmosObjetosDaOrigem() const { return FEstrutura == FEstruturaDaOrigem; }
 
     /// Recalcula `Limites`: com a lista vazia, ficam como estavam; senão, a `Area` do item 0 unida
     /// com a de cada item, do 0 (de novo) ao último. Posições vazias (nulas) são puladas.
@@ -168,6 +172,8 @@ private:
     QString FNomeArquivo;
     QString FTipoArquivo;
     QVariantMap FOpcoesDeLeitura;
+    std::uint64_t FEstrutura = 0;         ///< entradas, saídas e movimentos, também dentro de lotes
+    std::uint64_t FEstruturaDaOrigem = 0; ///< `FEstrutura` no fim do último `Ler` ou `Gravar`
     TGISObservadores FObservadores;
     std::atomic<std::uint64_t> FContador{0};
     TGISObjeto *FObjetoDono = nullptr;

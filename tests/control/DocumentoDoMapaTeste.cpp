@@ -223,6 +223,17 @@ TEST_F(DocumentoDoMapa, IdaEVoltaComCaminhosRelativosEOpcoes)
     EXPECT_EQ(QDir::cleanPath(volta.Camadas().Items(2)->Objetos().NomeArquivo()), QDir::cleanPath(Caminho("outro/dados/pontos.lin")));
     volta.SalvarMapa(Caminho("outro/de-novo.tmapa"));
     EXPECT_EQ(Bytes(Caminho("outro/de-novo.tmapa")).toStdString(), documento.toStdString());
+
+    // Um objeto a mais numa camada referida: ela vai inteira para dentro do documento.
+    auto *novo = new TGISPonto;
+    novo->AtribuirPosicao(GISPosicao(1, 2));
+    volta.Camadas().Items(2)->Objetos().Add(novo);
+    volta.SalvarMapa(Caminho("outro/com-mais.tmapa"));
+    EXPECT_FALSE(Bytes(Caminho("outro/com-mais.tmapa")).contains("pontos.lin"));
+    TGis terceiro;
+    terceiro.AbrirMapa(Caminho("outro/com-mais.tmapa"));
+    ASSERT_EQ(terceiro.Camadas().Count(), 3);
+    EXPECT_EQ(terceiro.Camadas().Items(2)->Objetos().Count(), 3);
 }
 
 TEST_F(DocumentoDoMapa, UmaReferenciaQuebradaDeixaOMapaComoEstava)
