@@ -4,6 +4,7 @@
 /// camadas e a projeção Mercator.
 
 #include <tavru/control/IGISMouseEvent.h>
+#include <tavru/control/TDocumentoDoMapa.h>
 #include <tavru/control/TGis.h>
 #include <tavru/control/TPermissoes.h>
 #include <tavru/core/TGISCamadaList.h>

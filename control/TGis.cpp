@@ -6,6 +6,7 @@
 #include <tavru/companions/symbology/TTabelaDeSimbolos.h>
 #include <tavru/control/IGISMouseEvent.h>
 #include <tavru/control/TGradeDeRotulos_p.h>
+#include <tavru/control/TDocumentoDoMapa.h>
 #include <tavru/control/TGISBarraDeEscala.h>
 #include <tavru/core/Arredondar.h>
 #include <tavru/core/TGISCamadaList.h>
@@ -133,6 +134,16 @@ void TGis::Limpar()
         emit ObjetoSelecionadoMudou(nullptr);
 }
 
+void TGis::SalvarMapa(const QString &nomeArquivo)
+{
+    TDocumentoDoMapa::Gravar(*this, nomeArquivo);
+}
+
+void TGis::AbrirMapa(const QString &nomeArquivo)
+{
+    TDocumentoDoMapa::Ler(*this, nomeArquivo);
+}
+
 // Desenho.
 
 void TGis::Desenhar()
@@ -142,9 +153,14 @@ void TGis::Desenhar()
     const int largura = width();
     const int altura = height();
     FProjecao->DoAtribuirAreaTela(TRect(0, 0, largura, altura));
-    if (FBuffer.height() != altura || FBuffer.width() != largura) {
+    // O buffer tem os pixels do aparelho; o pintor dele trabalha em pixels lógicos.
+    const double razao = FRazaoDePixels > 0.0 ? FRazaoDePixels : devicePixelRatioF();
+    const QSize aparelho(std::max(static_cast<int>(std::lround(largura * razao)), 0),
+                         std::max(static_cast<int>(std::lround(altura * razao)), 0));
+    if (FBuffer.size() != aparelho || FBuffer.devicePixelRatio() != razao) {
         FCanvas->AtribuirImagem(nullptr);
-        FBuffer = QImage(std::max(largura, 0), std::max(altura, 0), QImage::Format_ARGB32_Premultiplied);
+        FBuffer = QImage(aparelho, QImage::Format_ARGB32_Premultiplied);
+        FBuffer.setDevicePixelRatio(razao);
         FCanvas->AtribuirImagem(&FBuffer);
     }
     TCanvas &canvas = *FCanvas;
@@ -277,11 +293,29 @@ void TGis::DesenharObjetoSelecionado()
     FObjetoSelecionado->Desenhar(canvas, *FProjecao, true);
 }
 
+namespace {
+/// O tamanho de uma imagem em pixels lógicos (os do controle).
+QSize TamanhoLogico(const QImage &imagem)
+{
+    return imagem.deviceIndependentSize().toSize();
+}
+} // namespace
+
+bool TGis::Suavizar() const
+{
+    return FCanvas->Suavizar();
+}
+
+void TGis::AtribuirSuavizar(bool ligado)
+{
+    FCanvas->AtribuirSuavizar(ligado);
+}
+
 void TGis::CopiarBufferParaTela()
 {
     FCanvasTela->AtribuirImagem(nullptr);
     if (FTela.size() == FBuffer.size() && FTela.format() == FBuffer.format() && !FBuffer.isNull()
-        && FTela.bytesPerLine() == FBuffer.bytesPerLine())
+        && FTela.bytesPerLine() == FBuffer.bytesPerLine() && FTela.devicePixelRatio() == FBuffer.devicePixelRatio())
         std::memcpy(FTela.bits(), FBuffer.constBits(), static_cast<size_t>(FBuffer.sizeInBytes()));
     else
         FTela = FBuffer.copy();
@@ -292,7 +326,7 @@ void TGis::Paint()
 {
     CopiarBufferParaTela();
     if (FMostrarEscala)
-        TGISBarraDeEscala::Desenhar(*FCanvasTela, *FProjecao, TRect(0, 0, FTela.width(), FTela.height()));
+        TGISBarraDeEscala::Desenhar(*FCanvasTela, *FProjecao, TRect(0, 0, TamanhoLogico(FTela).width(), TamanhoLogico(FTela).height()));
     update();
     if (OnPaint)
         OnPaint(this);
@@ -306,7 +340,7 @@ void TGis::paintEvent(QPaintEvent *)
         pintor.drawImage(0, 0, FTela);
     // O que a imagem ainda não cobre (antes do primeiro desenho, ou com o controle desabilitado
     // depois de crescer) fica com a cor de fundo.
-    const QRegion resto = QRegion(rect()) - QRegion(0, 0, FTela.width(), FTela.height());
+    const QRegion resto = QRegion(rect()) - QRegion(QRect(QPoint(0, 0), TamanhoLogico(FTela)));
     for (const QRect &r : resto)
         pintor.fillRect(r, CorQt());
 }

@@ -18,6 +18,7 @@
 #include <QSize>
 #include <QStringList>
 #include <QWidget>
+#include <cmath>
 #include <functional>
 #include <memory>
 #include <vector>
@@ -119,6 +120,12 @@ public:
     void MoverParaTras(const QString &nome);
     /// Esquece o objeto selecionado (sem perguntar) e esvazia a lista de camadas. Não redesenha.
     virtual void Limpar();
+    /// Extensão: grava o mapa inteiro (camadas, opções dos rótulos, visão) no documento do mapa
+    /// `nomeArquivo` (ver `TDocumentoDoMapa`, que diz o que se guarda e o que lança).
+    void SalvarMapa(const QString &nomeArquivo);
+    /// Extensão: troca o mapa pelo do documento `nomeArquivo` só quando ele se lê inteiro; um erro
+    /// deixa o mapa como estava (ver `TDocumentoDoMapa`).
+    void AbrirMapa(const QString &nomeArquivo);
 
     // Desenho.
 
@@ -314,6 +321,17 @@ public:
     /// `DesenharCamada` chamado sozinho, vale dentro da camada. Falso (padrão): todos os rótulos.
     bool RotulosSemSobreposicao() const { return FRotulosSemSobreposicao; }
     void AtribuirRotulosSemSobreposicao(bool ligada) { FRotulosSemSobreposicao = ligada; }
+    /// Extensão: linhas e formas suavizadas (antialiasing) no buffer. Padrão: desligado (o desenho
+    /// pixel a pixel de referência). Vale a partir do próximo `Desenhar`.
+    bool Suavizar() const;
+    void AtribuirSuavizar(bool ligado);
+    /// Extensão: a razão entre pixels do aparelho e pixels lógicos do buffer e da imagem da tela.
+    /// 0 (padrão) segue a tela do controle (`devicePixelRatioF`, 2 numa tela de alta densidade);
+    /// outro valor a fixa (testes, figuras para impressão). O buffer tem largura x razão pixels de
+    /// aparelho de largura, e o desenho, as ferramentas, a projeção e as conversões entre mundo e
+    /// tela continuam em pixels lógicos (os do controle). Vale a partir do próximo `Desenhar`.
+    double RazaoDePixels() const { return FRazaoDePixels; }
+    void AtribuirRazaoDePixels(double razao) { FRazaoDePixels = std::isfinite(razao) && razao > 0.0 ? razao : 0.0; }
 
 Q_SIGNALS:
     /// Emitido no começo da destruição, enquanto o controle ainda está inteiro: quem guarda uma
@@ -415,6 +433,8 @@ private:
     TGISRet FRetanguloAjuste = GISRet(0, 0, 0, 0);
     bool FCliqueArmado = false;
     std::unique_ptr<TObservadorDaSelecao> FObservadorDaSelecao;
+
+    double FRazaoDePixels = 0.0;
 
     // Extensões: as opções da seta e dos rótulos, e o que foi avisado por último.
 

@@ -116,6 +116,7 @@ void TGISObjetoList::AvisarAlteracao(TGISObjeto *objeto)
 
 void TGISObjetoList::Notificar(TGISObjeto *objeto, TAcaoDeLista acao)
 {
+    ++FEstrutura;
     TGISMudanca mudanca = gmIncluido;
     switch (acao) {
     case laIncluido: mudanca = gmIncluido; break;
@@ -192,7 +193,50 @@ bool TGISObjetoList::Ler(const QString &nomeArquivo, const QString &tipo, const 
     }
     TerminarLote();
     FNomeArquivo = nomeArquivo;
+    FTipoArquivo = tipo;
+    FOpcoesDeLeitura = opcoes;
+    FEstruturaDaOrigem = FEstrutura;
     return true;
+}
+
+bool TGISObjetoList::Ler(const QString &nomeArquivo, const QString &tipo, const QVariantMap &opcoes,
+                         const TProgressoDeLeitura &progresso, int intervaloMs)
+{
+    const TClasseTratador *classe = nullptr;
+    if (!ObterRefClassPeloTipo(tipo, classe))
+        return false;
+    TGISObjetoList rascunho; // um erro no meio libera o que ela tem, e esta lista nem fica sabendo
+    const auto tratador = classe->Criar(rascunho);
+    tratador->AtribuirOpcoes(opcoes);
+    tratador->AtribuirProgresso(progresso, intervaloMs);
+    tratador->Ler(nomeArquivo);
+    tratador->AvisarProgresso(1.0, rascunho.Count());
+    rascunho.FNomeArquivo = nomeArquivo;
+    rascunho.FTipoArquivo = tipo;
+    rascunho.FOpcoesDeLeitura = opcoes;
+    Transferir(rascunho);
+    return true;
+}
+
+void TGISObjetoList::Transferir(TGISObjetoList &rascunho)
+{
+    // Nada aqui falha: os objetos mudam de dono (sem posse, o rascunho só os esquece, e o dono
+    // novo já está marcado em cada um).
+    IniciarLote();
+    for (int i = 0; i < rascunho.Count(); ++i)
+        Add(rascunho.Items(i));
+    TerminarLote();
+    const bool calculouLimites = !(rascunho.Limites() == MundoInteiro);
+    const bool possui = rascunho.OwnsObjects();
+    rascunho.SetOwnsObjects(false);
+    rascunho.Clear();
+    rascunho.SetOwnsObjects(possui);
+    if (calculouLimites) // o tratador calculou os limites: valem para a lista toda
+        CalcularLimites();
+    FNomeArquivo = rascunho.FNomeArquivo;
+    FTipoArquivo = rascunho.FTipoArquivo;
+    FOpcoesDeLeitura = rascunho.FOpcoesDeLeitura;
+    FEstruturaDaOrigem = FEstrutura;
 }
 
 bool TGISObjetoList::Gravar(const QString &nomeArquivo, const QString &tipo)
@@ -202,6 +246,9 @@ bool TGISObjetoList::Gravar(const QString &nomeArquivo, const QString &tipo)
         return false;
     classe->Criar(*this)->Gravar(nomeArquivo);
     FNomeArquivo = nomeArquivo;
+    FTipoArquivo = tipo;
+    FOpcoesDeLeitura.clear();
+    FEstruturaDaOrigem = FEstrutura;
     return true;
 }
 

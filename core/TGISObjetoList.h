@@ -6,6 +6,7 @@
 #include <tavru/companions/geodesy/GISPosicao.h>
 #include <tavru/core/TGISObjeto.h>
 #include <tavru/core/TGISObservadores.h>
+#include <tavru/core/TGISTratadorDeArquivo.h>
 #include <tavru/core/TRegistro.h>
 #include <tavru/platform/Exportacao.h>
 #include <tavru/platform/TObjectList.h>
@@ -78,6 +79,17 @@ public:
     /// Último arquivo lido ou gravado com um tratador.
     QString NomeArquivo() const { return FNomeArquivo; }
     void AtribuirNomeArquivo(const QString &nome) { FNomeArquivo = nome; }
+    /// Extensão: o tipo do tratador do último `Ler` ou `Gravar` que deu certo (vazio antes do
+    /// primeiro). Com `NomeArquivo`, diz de onde a lista veio: o documento do mapa guarda a camada
+    /// como uma referência a esse arquivo (ver `TDocumentoDoMapa`).
+    QString TipoArquivo() const { return FTipoArquivo; }
+    void AtribuirTipoArquivo(const QString &tipo) { FTipoArquivo = tipo; }
+    /// Extensão: as opções de leitura do último `Ler` que deu certo (um `Gravar` as esvazia).
+    const QVariantMap &OpcoesDeLeitura() const { return FOpcoesDeLeitura; }
+    /// Extensão: nenhum objeto entrou, saiu ou mudou de lugar na lista desde o último `Ler` ou
+    /// `Gravar` que deu certo (mudanças dentro dos objetos não contam). O documento do mapa só
+    /// guarda a camada como referência ao arquivo enquanto isto vale.
+    bool MesmosObjetosDaOrigem() const { return FEstrutura == FEstruturaDaOrigem; }
 
     /// Recalcula `Limites`: com a lista vazia, ficam como estavam; senão, a `Area` do item 0 unida
     /// com a de cada item, do 0 (de novo) ao último. Posições vazias (nulas) são puladas.
@@ -93,6 +105,18 @@ public:
     /// exemplo qual camada de um arquivo de várias camadas. Extensão: as chaves são as que o
     /// tratador documenta; as que ele não conhece são ignoradas.
     bool Ler(const QString &nomeArquivo, const QString &tipo, const QVariantMap &opcoes);
+    /// Extensão: `Ler` acompanhado por `progresso` (ver `TGISTratadorDeArquivo::AvisarProgresso`;
+    /// `intervaloMs` é o intervalo mínimo entre dois avisos). O tratador lê numa lista de
+    /// rascunho e só no fim os objetos passam para esta, num lote só: um erro ou um cancelamento
+    /// (`ELeituraCancelada`, quando `progresso` responde falso) deixa a lista como estava, sem
+    /// aviso. O último aviso de uma leitura que deu certo é (1, total lido).
+    bool Ler(const QString &nomeArquivo, const QString &tipo, const QVariantMap &opcoes,
+             const TProgressoDeLeitura &progresso, int intervaloMs = 50);
+    /// Extensão: passa os objetos de `rascunho` para o fim desta lista, em ordem e num lote só (esta
+    /// passa a possuí-los; `rascunho` fica vazia), com a origem dela (`NomeArquivo`, `TipoArquivo`,
+    /// `OpcoesDeLeitura`); quando os limites de `rascunho` foram calculados, esta recalcula os seus.
+    /// É o fim de uma leitura feita numa lista de rascunho (por exemplo, noutra linha de execução).
+    void Transferir(TGISObjetoList &rascunho);
     /// Grava o arquivo do mesmo modo.
     bool Gravar(const QString &nomeArquivo, const QString &tipo);
 
@@ -146,6 +170,10 @@ private:
 
     TGISRet FLimites = MundoInteiro;
     QString FNomeArquivo;
+    QString FTipoArquivo;
+    QVariantMap FOpcoesDeLeitura;
+    std::uint64_t FEstrutura = 0;         ///< entradas, saídas e movimentos, também dentro de lotes
+    std::uint64_t FEstruturaDaOrigem = 0; ///< `FEstrutura` no fim do último `Ler` ou `Gravar`
     TGISObservadores FObservadores;
     std::atomic<std::uint64_t> FContador{0};
     TGISObjeto *FObjetoDono = nullptr;

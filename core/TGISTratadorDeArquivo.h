@@ -2,17 +2,34 @@
 /// \file
 /// A base dos tratadores de arquivo, que leem e gravam listas de objetos num formato.
 
+#include <tavru/platform/Exception.h>
 #include <tavru/platform/Exportacao.h>
 
+#include <QElapsedTimer>
 #include <QString>
 #include <QStringList>
 #include <QVariantMap>
+#include <functional>
 
 class QIODevice;
 
 namespace tavru {
 
 class TGISObjetoList;
+
+/// Extensão: a leitura foi parada por quem acompanhava o progresso (ver
+/// `TGISTratadorDeArquivo::AvisarProgresso`). Não é um erro do arquivo: quem pediu não precisa
+/// mostrar a mensagem.
+class TAVRU_GIS_EXPORT ELeituraCancelada : public Exception
+{
+public:
+    using Exception::Exception;
+};
+
+/// Extensão: o acompanhamento de uma leitura longa. Recebe a fração feita (0 a 1, nunca
+/// decrescente) e o número de objetos lidos até ali; responde falso para pedir que a leitura pare.
+/// Chamado na linha de execução da leitura.
+using TProgressoDeLeitura = std::function<bool(double fracao, int objetos)>;
 
 /// Tratador de um formato de arquivo. Cada subclasse concreta se registra com
 /// `TGISObjetoList::RegistrarTratadorDeArquivo` sob um nome de tipo, pelo seu descritor de classe
@@ -44,6 +61,16 @@ public:
     const QVariantMap &Opcoes() const { return FOpcoes; }
     void AtribuirOpcoes(const QVariantMap &opcoes) { FOpcoes = opcoes; }
 
+    /// Extensão: quem acompanha a leitura (vazio: ninguém), dado por `TGISObjetoList::Ler` antes
+    /// de `Ler`, e o intervalo mínimo entre dois avisos em milissegundos (padrão 50; 0 avisa a cada
+    /// chamada, para testes).
+    void AtribuirProgresso(const TProgressoDeLeitura &progresso, int intervaloMs = 50);
+    /// Chamado pelos leitores dentro dos seus laços (pelo menos a cada poucos milissegundos de
+    /// trabalho): passa `fracao` (limitada a 0..1 e ao maior valor já avisado) e `objetos` a quem
+    /// acompanha, no máximo uma vez por intervalo, e sempre quando `fracao` é 1. Quando quem
+    /// acompanha responde falso, levanta `ELeituraCancelada` ("Leitura cancelada").
+    void AvisarProgresso(double fracao, int objetos);
+
     /// A lista sobre a qual o tratador trabalha.
     TGISObjetoList &Lista() const { return FLista; }
 
@@ -57,6 +84,10 @@ private:
     QStringList FFiltroLeitura;
     QStringList FFiltroGravacao;
     QVariantMap FOpcoes;
+    TProgressoDeLeitura FProgresso;
+    QElapsedTimer FDesdeOAviso;
+    int FIntervaloMs = 50;
+    double FFracao = 0.0;
 };
 
 } // namespace tavru

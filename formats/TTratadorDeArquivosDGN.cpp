@@ -257,6 +257,9 @@ std::int32_t TTratadorDeArquivosDGN::RetornoDoPlugin(std::uint16_t tipo, const v
         return 1;
     try {
         tratador->CallBack(tipo, dados);
+        // O plug-in não diz quanto falta: a fração fica em 0 até o fim, e o número de objetos anda.
+        // Depois de um cancelamento, os registros que o plug-in ainda entregar são ignorados.
+        tratador->AvisarProgresso(0.0, tratador->Lista().Count());
     } catch (...) {
         tratador->FErro = std::current_exception();
     }

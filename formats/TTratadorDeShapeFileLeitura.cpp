@@ -279,6 +279,7 @@ void TTratadorDeShapeFile::Ler(const QString &nomeArquivo)
     std::vector<std::unique_ptr<TGISObjeto>> objetos;
     TGISObjetoList &lista = Lista();
     for (int i = 0; i < leitor.Registros(); ++i) {
+        AvisarProgresso(static_cast<double>(i) / leitor.Registros(), lista.Count());
         if (!leitor.Objetos(i, objetos)) {
             ruins.push_back(i + 1);
             continue;

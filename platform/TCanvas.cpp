@@ -41,6 +41,13 @@ void TCanvas::Encerrar()
     FAplicado = false;
 }
 
+void TCanvas::AtribuirSuavizar(bool ligado)
+{
+    FSuavizar = ligado;
+    if (FPainter)
+        FPainter->setRenderHint(QPainter::Antialiasing, ligado);
+}
+
 void TCanvas::AtribuirImagem(QImage *imagem)
 {
     Encerrar();
@@ -60,11 +67,16 @@ QPainter *TCanvas::Preparar()
         return nullptr;
     if (!FPainter) {
         FPainter = std::make_unique<QPainter>(FImagem);
-        FPainter->setRenderHint(QPainter::Antialiasing, false);
+        FPainter->setRenderHint(QPainter::Antialiasing, FSuavizar);
         FAplicado = false;
     }
     if (!FAplicado || !(FPenAplicada == FPen)) {
-        FPainter->setPen(FPen.ParaQPen());
+        QPen caneta = FPen.ParaQPen();
+        // Numa imagem de alta densidade (razão de pixels acima de 1), a linha de um pixel tem um
+        // pixel lógico de largura, como os textos e as formas, e não um pixel do aparelho.
+        if (caneta.style() != Qt::NoPen && caneta.widthF() == 0.0 && FImagem->devicePixelRatio() > 1.0)
+            caneta.setWidthF(1.0);
+        FPainter->setPen(caneta);
         FPenAplicada = FPen;
     }
     if (!FAplicado || !(FBrushAplicado == FBrush)) {

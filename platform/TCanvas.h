@@ -63,6 +63,10 @@ public:
     /// a imagem em que o canvas pinta.
     void AtribuirImagem(QImage *imagem);
     QImage *Imagem() const { return FImagem; }
+    /// Extensão: linhas e formas suavizadas (antialiasing). Padrão: desligado, o desenho pixel a
+    /// pixel de sempre. Vale a partir do próximo desenho.
+    bool Suavizar() const { return FSuavizar; }
+    void AtribuirSuavizar(bool ligado);
 
     TPen &Pen() { return FPen; }
     TBrush &Brush() { return FBrush; }
@@ -145,6 +149,7 @@ private:
     TBrush FBrushAplicado;
     TFont FFontAplicada;
     bool FAplicado = false;
+    bool FSuavizar = false;
     mutable std::unique_ptr<QFontMetrics> FMetricas;
     mutable TFont FFonteMedida;
     TContextoDeDesenho FContexto;

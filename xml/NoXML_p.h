@@ -8,6 +8,8 @@
 
 namespace tavru {
 
+class TGISTratadorDeArquivo;
+
 /// O estado de uma leitura do documento, que vive na pilha de quem a começa: a pasta do
 /// documento (onde figuras com nome relativo são procuradas primeiro) e a profundidade de
 /// compostos dentro de compostos.
@@ -15,6 +17,8 @@ struct TLeituraXML
 {
     QString Pasta;
     int Profundidade = 0;
+    /// O tratador que lê o documento e a lista dele: só ela avisa o progresso.
+    TGISTratadorDeArquivo *Tratador = nullptr;
 };
 
 struct TAcessoNoXML

@@ -120,6 +120,7 @@ void TTratadorDeArquivosXML::Ler(const QString &nomeArquivo)
     // Durante a leitura, figuras com nome relativo se acham ao lado do documento.
     TLeituraXML leitura;
     leitura.Pasta = QFileInfo(nomeArquivo).absolutePath();
+    leitura.Tratador = this;
     if (raiz && QString::fromUtf8(raiz.name()).compare(TAG_RAIZ, Qt::CaseInsensitive) == 0)
         AtribuirXMLLista(Lista(), TAcessoNoXML::Criar(raiz, &leitura));
     Lista().CalcularLimites();

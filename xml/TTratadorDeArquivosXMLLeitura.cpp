@@ -27,6 +27,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <cstring>
+#include <iterator>
 #include <vector>
 
 namespace tavru {
@@ -189,9 +190,18 @@ std::unique_ptr<TGISObjeto> TTratadorDeArquivosXML::ObterXMLObjeto(const TNoXML 
 void TTratadorDeArquivosXML::AtribuirXMLLista(TGISObjetoList &lista, const TNoXML &no)
 {
     const pugi::xml_node node = Dom(no);
-    for (pugi::xml_node filho = node.first_child(); filho; filho = filho.next_sibling())
+    // Só a lista do documento avisa o progresso (os membros de um composto não contam à parte).
+    const TLeituraXML *leitura = TAcessoNoXML::Leitura(no);
+    TGISTratadorDeArquivo *tratador = leitura ? leitura->Tratador : nullptr;
+    const bool doDocumento = tratador && &lista == &tratador->Lista();
+    const double total = doDocumento ? static_cast<double>(std::distance(node.begin(), node.end())) : 1.0;
+    int feitos = 0;
+    for (pugi::xml_node filho = node.first_child(); filho; filho = filho.next_sibling()) {
         if (std::unique_ptr<TGISObjeto> objeto = ObterXMLObjeto(Na(no, filho)))
             lista.Add(objeto.release());
+        if (doDocumento)
+            tratador->AvisarProgresso(++feitos / total, lista.Count());
+    }
 }
 
 void TTratadorDeArquivosXML::AtribuirXMLImagem(TGISImagem &imagem, const TNoXML &no)

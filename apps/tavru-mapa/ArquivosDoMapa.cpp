@@ -43,7 +43,7 @@ void AjustarDocumentosDoAplicativo()
     CABECALHO = QStringLiteral("<?xml version=\"1.0\" encoding=\"UTF-8\"?>");
 }
 
-TGISCamada &AbrirEmCamadaNova(TGis &gis, const QString &arquivo, const QString &tipo)
+TGISCamada &AbrirEmCamadaNova(TGis &gis, const QString &arquivo, const QString &tipo, const TLerCamada &ler)
 {
     const QString achado = TipoOuPelaExtensao(arquivo, tipo, true);
     const QString base = QFileInfo(arquivo).completeBaseName();
@@ -51,7 +51,10 @@ TGISCamada &AbrirEmCamadaNova(TGis &gis, const QString &arquivo, const QString &
     for (int n = 2; gis.ObterCamada(nome); ++n)
         nome = QStringLiteral("%1 (%2)").arg(base).arg(n);
     auto camada = std::make_unique<TGISCamada>(nome);
-    camada->Objetos().Ler(arquivo, achado);
+    if (ler)
+        ler(camada->Objetos(), arquivo, achado);
+    else
+        camada->Objetos().Ler(arquivo, achado);
     // Um documento que o tratador aceita sem achar nada que conheça não vira uma camada vazia.
     if (camada->Objetos().Count() == 0)
         throw EInvalidOperation(QStringLiteral("nenhum objeto reconhecido em %1").arg(arquivo));

@@ -3,11 +3,13 @@
 /// Abrir documentos em camadas novas e gravar uma camada, pelo registro de tratadores de arquivo.
 
 #include <QString>
+#include <functional>
 
 namespace tavru {
 
 class TGis;
 class TGISCamada;
+class TGISObjetoList;
 
 /// O tipo de tratador de um arquivo: o do filtro escolhido no diálogo (o par "descrição|padrões"),
 /// ou, quando o filtro não é de um tratador só ("Arquivos Compatíveis", "Todos os Arquivos"), o
@@ -26,7 +28,11 @@ void AjustarDocumentosDoAplicativo();
 /// arquivo, o tratador, nenhum tratador, nenhum objeto reconhecido no documento) levanta
 /// `Exception` com a mensagem a mostrar, e o mapa fica como estava. Devolve a camada nova
 /// (possuída pelo mapa).
-TGISCamada &AbrirEmCamadaNova(TGis &gis, const QString &arquivo, const QString &tipo = QString());
+/// `ler`, quando dado, faz a leitura no lugar de `TGISObjetoList::Ler` (a janela lê com a caixa de
+/// progresso, `LerComProgresso`).
+using TLerCamada = std::function<void(TGISObjetoList &lista, const QString &arquivo, const QString &tipo)>;
+TGISCamada &AbrirEmCamadaNova(TGis &gis, const QString &arquivo, const QString &tipo = QString(),
+                              const TLerCamada &ler = TLerCamada());
 
 /// O arquivo que o diálogo de salvar propõe para a camada: o dela, quando ela veio de um arquivo
 /// de verdade; senão (uma camada nova, ou lida dos recursos embutidos ":/..."), o nome da camada

@@ -3,7 +3,9 @@
 #include "ArquivosDoMapa.h"
 #include "DocasDeVisoes.h"
 #include "FerramentasDaJanela.h"
+#include "LeituraComProgresso.h"
 #include "MapaEmbutido.h"
+#include "MenuDoMapa.h"
 #include "TJanelaDeSimbolos.h"
 
 #include <tavru/companions/components/TVisualizadorInformacoes.h>
@@ -14,6 +16,7 @@
 #include <tavru/core/TGISCamadaList.h>
 #include <tavru/core/TGISObjetoList.h>
 #include <tavru/core/TGISProjecao.h>
+#include <tavru/core/TGISTratadorDeArquivo.h>
 #include <tavru/platform/Exception.h>
 #include <tavru/platform/TProvedorDeDialogos.h>
 
@@ -51,6 +54,8 @@ TJanelaMapa::TJanelaMapa(QWidget *parent)
     auto *arquivo = menuBar()->addMenu(QStringLiteral("&Arquivo"));
     arquivo->addAction(QStringLiteral("&Abrir camada..."), QKeySequence::Open, this, &TJanelaMapa::AbrirCamada);
     arquivo->addAction(QStringLiteral("&Salvar camada..."), QKeySequence::Save, this, &TJanelaMapa::SalvarCamada);
+    arquivo->addSeparator();
+    AcrescentarMenuDoMapa(*arquivo, *FGis, *this);
     arquivo->addSeparator();
     arquivo->addAction(QStringLiteral("Sai&r"), this, &QWidget::close);
     auto *exibir = menuBar()->addMenu(QStringLiteral("&Exibir"));
@@ -98,13 +103,17 @@ void TJanelaMapa::AbrirArquivos(const QStringList &arquivos)
 void TJanelaMapa::Abrir(const QString &arquivo, const QString &tipo)
 {
     try {
-        TGISCamada &camada = AbrirEmCamadaNova(*FGis, arquivo, tipo);
+        TGISCamada &camada = AbrirEmCamadaNova(*FGis, arquivo, tipo, [this](TGISObjetoList &lista, const QString &a, const QString &t) {
+            LerComProgresso(this, lista, a, t);
+        });
         FGis->AjustarACamada(camada.Nome());
         const int total = camada.Objetos().Count();
         statusBar()->showMessage(QStringLiteral("%1 %2 lido%3 de %4")
                                      .arg(total)
                                      .arg(total == 1 ? QStringLiteral("objeto") : QStringLiteral("objetos"),
                                           total == 1 ? QString() : QStringLiteral("s"), arquivo));
+    } catch (const ELeituraCancelada &) {
+        statusBar()->showMessage(QStringLiteral("Leitura de %1 cancelada").arg(arquivo));
     } catch (const Exception &e) {
         Dialogos().Mensagem(e.Message(), QStringLiteral("Abrir camada"), mtErro);
     }

@@ -5,6 +5,7 @@
 
 #include "ArquivosDoMapa.h"
 #include "MapaEmbutido.h"
+#include "MenuDoMapa.h"
 #include "PluginsDoMapa.h"
 #include "TJanelaMapa.h"
 #include "TraducoesDoQt.h"
@@ -123,6 +124,8 @@ int main(int argc, char **argv)
     janela.Gis()->installEventFilter(&aviso);
     janela.resize(1100, 760);
     janela.show();
+    if (documentos.isEmpty())
+        ReabrirUltimoMapa(*janela.Gis(), janela);
     janela.AbrirArquivos(documentos);
     return app.exec();
 }

@@ -240,3 +240,24 @@ TEST(DialogosDoQt, EmPortugues)
     QCoreApplication::removeTranslator(tradutor);
     delete tradutor;
 }
+
+TEST_F(JanelaMapa, OMapaDeExemploInteiroSeGravaESeAbreDeVolta)
+{
+    AjustarDocumentosDoAplicativo();
+    TJanelaMapa janela;
+    TGis &gis = *janela.Gis();
+    QStringList antes;
+    for (int i = 0; i < gis.Camadas().Count(); ++i)
+        antes << QStringLiteral("%1 %2").arg(gis.Camadas().Items(i)->Nome()).arg(gis.Camadas().Items(i)->Objetos().Count());
+    const QString mapa = pasta.filePath("exemplo.tmapa");
+    gis.SalvarMapa(mapa);
+
+    TJanelaMapa outra;
+    TGis &volta = *outra.Gis();
+    volta.Limpar();
+    volta.AbrirMapa(mapa);
+    QStringList depois;
+    for (int i = 0; i < volta.Camadas().Count(); ++i)
+        depois << QStringLiteral("%1 %2").arg(volta.Camadas().Items(i)->Nome()).arg(volta.Camadas().Items(i)->Objetos().Count());
+    EXPECT_EQ(depois.join('\n').toStdString(), antes.join('\n').toStdString());
+}
