@@ -9,7 +9,9 @@
 #include <tavru/control/TGISBarraDeEscala.h>
 #include <tavru/core/Arredondar.h>
 #include <tavru/core/TGISCamadaList.h>
+#include <tavru/core/TGISIndiceEspacial.h>
 #include <tavru/core/TGISProjecaoMercator.h>
+#include <tavru/elements/GISComposto.h>
 #include <tavru/elements/GISImagem.h>
 #include <tavru/elements/GISPonto.h>
 #include <tavru/platform/TCanvas.h>
@@ -29,6 +31,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <optional>
+#include <typeinfo>
 
 namespace tavru {
 
@@ -184,6 +187,102 @@ struct TRotulosDoQuadro
 {
     std::vector<TRotuloDoQuadro> Itens;
 };
+/// Os índices dos candidatos de uma consulta ao índice, reaproveitados no contexto do canvas.
+struct TCandidatosDoQuadro
+{
+    std::vector<int> Itens;
+};
+
+/// O retângulo de tela com que o controle recorta e pré-testa um objeto (não ordenado). O de um
+/// ponto é onde ele desenha nesta projeção, e não a área do último desenho (que pode ter sido
+/// noutra projeção ou noutro canvas): assim um quadro não depende dos anteriores, e o índice,
+/// que guarda o ponto pela posição, devolve todos os que o percurso linear aceitaria.
+TRect RetanguloDeRecorte(const TGISObjeto &objeto, const TGISProjecao &projecao)
+{
+    if (const auto *ponto = dynamic_cast<const TGISPonto *>(&objeto))
+        return ponto->RetanguloNaTela(projecao);
+    return projecao.MundoParaTelaRet(objeto.Area());
+}
+
+/// O teste de recorte do desenho: o barato da projeção (que só recusa o que está certamente
+/// fora) e depois o exato.
+bool NaTela(const TGISObjeto &objeto, const TGISProjecao &projecao, const TRect &tela)
+{
+    if (const auto *ponto = dynamic_cast<const TGISPonto *>(&objeto))
+        return Intersecao(ponto->RetanguloNaTela(projecao), tela);
+    const TGISRet area = objeto.Area();
+    return projecao.Visivel(area) && Intersecao(projecao.MundoParaTelaRet(area), tela);
+}
+
+/// Metade do maior lado que o ponto pode ter na tela, mais a folga do arredondamento do centro.
+int MeioTamanhoNaTela(const TGISPonto &ponto)
+{
+    const TPoint a = ponto.TamanhoMaximo();
+    const TPoint b = ponto.TamanhoMinimo();
+    const std::int64_t maior = std::max({std::llabs(a.X), std::llabs(a.Y), std::llabs(b.X), std::llabs(b.Y)});
+    return int(std::min<std::int64_t>(maior / 2 + 2, 1 << 20));
+}
+
+/// O índice da camada, refeito (por carga em bloco) quando o contador de mudanças dela andou.
+/// Um ponto entra pelo retângulo `AreaNoMundo` (o centro do seu desenho fica na imagem dele) e a
+/// folga do índice é o maior meio tamanho na tela dos pontos; um composto, cuja área depende do
+/// último desenho dos seus pontos, entra em toda consulta.
+const TGISIndiceEspacial &IndiceAtual(const TGISCamada &camada)
+{
+    TGISIndiceEspacial &indice = camada.Indice();
+    const std::uint64_t versao = camada.ContadorDeMudancas();
+    if (indice.Construido() && indice.Versao() == versao)
+        return indice;
+    const TGISObjetoList &objetos = camada.Objetos();
+    std::vector<TGISIndiceEspacial::TEntrada> entradas;
+    entradas.reserve(std::size_t(objetos.Count()));
+    std::vector<int> sempre;
+    int folga = 0;
+    for (int i = 0; i < objetos.Count(); ++i) {
+        const TGISObjeto *objeto = objetos.Items(i);
+        if (!objeto)
+            continue;
+        if (const auto *ponto = dynamic_cast<const TGISPonto *>(objeto)) {
+            entradas.push_back({ponto->AreaNoMundo(), i});
+            folga = std::max(folga, MeioTamanhoNaTela(*ponto));
+        } else if (dynamic_cast<const TGISComposto *>(objeto)) {
+            sempre.push_back(i);
+        } else {
+            entradas.push_back({objeto->Area(), i});
+        }
+    }
+    indice.Construir(entradas, sempre, versao, folga);
+    return indice;
+}
+
+/// Os candidatos da camada para um retângulo de tela crescido de `margem` pixels, em ordem de
+/// índice. Falso quando o percurso linear deve ser usado: índice desligado, projeção que não é a
+/// Mercator do controle (o índice precisa de uma projeção alinhada aos eixos e monótona) ou
+/// consulta que cobre a camada inteira (então andar a lista é o mais barato).
+bool ConsultarIndice(const TGISCamada &camada, const TGISProjecao &projecao, const TRect &tela, int margem,
+                     std::vector<int> &candidatos)
+{
+    if (typeid(projecao) != typeid(TGISProjecaoMercator))
+        return false;
+    const TGISIndiceEspacial &indice = IndiceAtual(camada);
+    const TRect crescido = Inflar(ConcertaRect(tela), margem + indice.FolgaTela() + 2);
+    TGISRet mundo = ConcertaRect(projecao.TelaParaMundoRet(crescido));
+    // Onde a volta não alcança o retângulo crescido (a conversão parou na ponta da faixa), o lado
+    // fica aberto até o fim.
+    const TRect volta = ConcertaRect(projecao.MundoParaTelaRet(mundo));
+    if (volta.Left > crescido.Left + 1)
+        mundo.Pos1.Longitude = INT32_MIN;
+    if (volta.Right < crescido.Right - 1)
+        mundo.Pos2.Longitude = INT32_MAX;
+    if (volta.Top > crescido.Top + 1)
+        mundo.Pos2.Latitude = INT32_MAX;
+    if (volta.Bottom < crescido.Bottom - 1)
+        mundo.Pos1.Latitude = INT32_MIN;
+    if (Contem(mundo, indice.Extensao()))
+        return false;
+    indice.Consultar(mundo, candidatos);
+    return true;
+}
 } // namespace
 
 void TGis::AplicarTabelaDeCores(TGISCamada &camada)
@@ -218,14 +317,14 @@ void TGis::DesenharCamada(TGISCamada &camada, TCanvas &canvas, const TGISProjeca
 
     if (camada.Visivel()) {
         const TRect tela = projecao.AreaTela();
-        for (int i = 0; i < total; ++i) {
+        // O índice só escolhe candidatos, em ordem de índice; o teste exato é o mesmo.
+        std::vector<int> &candidatos = canvas.Contexto().Obter<TCandidatosDoQuadro>().Itens;
+        const bool filtrado = FUsarIndice && ConsultarIndice(camada, projecao, tela, 0, candidatos);
+        const int passos = filtrado ? int(candidatos.size()) : total;
+        for (int k = 0; k < passos; ++k) {
+            const int i = filtrado ? candidatos[std::size_t(k)] : k;
             TGISObjeto *objeto = objetos.Items(i);
-            if (!objeto)
-                continue;
-            // Primeiro o teste barato da projeção (que só recusa o que está certamente fora),
-            // depois o exato.
-            const TGISRet area = objeto->Area();
-            if (!projecao.Visivel(area) || !Intersecao(projecao.MundoParaTelaRet(area), tela))
+            if (!objeto || !NaTela(*objeto, projecao, tela))
                 continue;
             canvas.Brush().Assign(FBrush);
             canvas.Pen().Assign(FPen);
@@ -713,19 +812,28 @@ void TGis::ObterListaDeObjetos(const TPoint &ponto, TStringList &lista)
     const TRect cliente(0, 0, width(), height());
     TGISProjecao &projecao = *FProjecao;
     const double zoom = projecao.Zoom();
+    std::vector<int> candidatos;
     for (int c = FCamadas->Count() - 1; c >= 0; --c) {
         const TGISCamada &camada = *FCamadas->Items(c);
         if (!camada.Visivel() || camada.Tipo() < gtcInterrogavel || zoom < camada.ZoomMinimo()
             || zoom > camada.ZoomMaximo())
             continue;
         const TGISObjetoList &objetos = camada.Objetos();
-        for (int o = objetos.Count() - 1; o >= 0; --o) {
+        // O índice dá os candidatos perto do clique (crescido da maior margem abaixo), em ordem de
+        // índice; andamos do último ao primeiro, como a lista.
+        const int margemMaxima = std::max(std::abs(Arredondar(projecao.ErroTelaPonto() * zoom / 2.0)),
+                                          std::abs(Arredondar(projecao.ErroTelaPonto())));
+        const bool filtrado = FUsarIndice
+            && ConsultarIndice(camada, projecao, TRect(ponto.X, ponto.Y, ponto.X, ponto.Y), margemMaxima, candidatos);
+        const int passos = filtrado ? int(candidatos.size()) : objetos.Count();
+        for (int k = passos - 1; k >= 0; --k) {
+            const int o = filtrado ? candidatos[std::size_t(k)] : k;
             TGISObjeto *objeto = objetos.Items(o);
             if (!objeto)
                 continue;
             // Em ordem antes de crescer: a latitude maior fica em cima, e crescer o retângulo
             // projetado como veio o encolheria na vertical.
-            const TRect r = ConcertaRect(projecao.MundoParaTelaRet(objeto->Area()));
+            const TRect r = ConcertaRect(RetanguloDeRecorte(*objeto, projecao));
             if (!Intersecao(r, projecao.AreaTela()))
                 continue;
             const int margem = r.Left == r.Right ? Arredondar(projecao.ErroTelaPonto() * zoom / 2.0)

@@ -311,6 +311,13 @@ public:
     /// `DesenharCamada` chamado sozinho, vale dentro da camada. Falso (padrão): todos os rótulos.
     bool RotulosSemSobreposicao() const { return FRotulosSemSobreposicao; }
     void AtribuirRotulosSemSobreposicao(bool ligada) { FRotulosSemSobreposicao = ligada; }
+    /// Extensão: se o recorte do desenho e as consultas de objetos (`ObterObjeto`,
+    /// `ObterListaDeObjetos`) usam o índice espacial de cada camada (verdadeiro, padrão) ou andam a
+    /// lista inteira. O índice é só um filtro de candidatos: a resposta, a ordem de desenho e os
+    /// pixels são os mesmos nos dois modos. Um ponto é recortado pelo retângulo em que desenha na
+    /// projeção atual (`TGISPonto::RetanguloNaTela`), nos dois modos.
+    bool UsarIndice() const { return FUsarIndice; }
+    void AtribuirUsarIndice(bool usar) { FUsarIndice = usar; }
 
 Q_SIGNALS:
     /// Emitido no começo da destruição, enquanto o controle ainda está inteiro: quem guarda uma
@@ -429,6 +436,7 @@ private:
 
     TColor FCorDoHalo = clNone;
     bool FRotulosSemSobreposicao = false;
+    bool FUsarIndice = true;
     bool FSetaNoCentroDaArea = false;
     bool FVisaoAvisada = false;
     double FZoomAvisado = 0.0;

@@ -3,6 +3,7 @@
 /// A camada do mapa: um nome, uma lista de objetos possuída e as opções de desenho.
 
 #include <tavru/core/GISEnumeracoes.h>
+#include <tavru/core/TGISIndiceEspacial.h>
 #include <tavru/core/TGISObjetoList.h>
 #include <tavru/platform/Exportacao.h>
 #include <tavru/platform/TBrush.h>
@@ -76,6 +77,11 @@ public:
     /// `EListError`. As trocas são avisadas num lote só.
     void InverterOrdem();
 
+    /// O índice espacial da camada (extensão), guardado aqui e refeito por quem o consulta (o
+    /// controle do mapa) quando `ContadorDeMudancas` andou. Muda dentro de um método const de
+    /// propósito: é um cache do que os objetos já dizem.
+    TGISIndiceEspacial &Indice() const { return FIndice; }
+
 private:
     TGISTipoCamada FTipo = gtcInterrogavel;
     QString FNome;
@@ -87,6 +93,7 @@ private:
     double FZoomMaximo = 50000.0;
     TColor FCor = clNone;
     bool FCorAtribuida = false;
+    mutable TGISIndiceEspacial FIndice;
 };
 
 } // namespace tavru
