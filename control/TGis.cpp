@@ -24,6 +24,9 @@
 #include <QWheelEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QBrush>
+#include <QFont>
+#include <QPen>
 #include <QRegion>
 #include <algorithm>
 #include <cmath>
@@ -48,6 +51,57 @@ public:
 
 private:
     TGis &FGis;
+};
+
+namespace {
+/// O que decide os pixels das camadas estáticas guardadas: a vista, o que o controle usa para
+/// desenhar e, por camada, a identidade, o contador de mudanças e o que a faz ser desenhada.
+struct TChaveDoFundo
+{
+    struct TCamadaNaChave
+    {
+        const TGISCamada *Camada;
+        std::uint64_t Contador;
+        bool Visivel;
+        double ZoomMinimo;
+        double ZoomMaximo;
+        bool operator==(const TCamadaNaChave &o) const
+        {
+            return Camada == o.Camada && Contador == o.Contador && Visivel == o.Visivel
+                && ZoomMinimo == o.ZoomMinimo && ZoomMaximo == o.ZoomMaximo;
+        }
+    };
+    QSize Tamanho;
+    const TGISProjecao *Projecao = nullptr;
+    TGISPosicao Centro;
+    double Zoom = 0;
+    TRect Tela;
+    TColor Fundo = 0;
+    QFont Fonte;
+    QFont FonteRotulo;
+    QPen Caneta;
+    QBrush Pincel;
+    QStringList Rotulos;
+    const void *TabelaDeCores = nullptr;
+    const void *TabelaDeSimbolos = nullptr;
+    bool SemSobreposicao = false;
+    std::vector<TCamadaNaChave> Camadas;
+    bool operator==(const TChaveDoFundo &o) const
+    {
+        return Tamanho == o.Tamanho && Projecao == o.Projecao && Centro == o.Centro && Zoom == o.Zoom
+            && Tela.Left == o.Tela.Left && Tela.Top == o.Tela.Top && Tela.Right == o.Tela.Right
+            && Tela.Bottom == o.Tela.Bottom && Fundo == o.Fundo && Fonte == o.Fonte && FonteRotulo == o.FonteRotulo
+            && Caneta == o.Caneta && Pincel == o.Pincel && Rotulos == o.Rotulos && TabelaDeCores == o.TabelaDeCores
+            && TabelaDeSimbolos == o.TabelaDeSimbolos && SemSobreposicao == o.SemSobreposicao && Camadas == o.Camadas;
+    }
+};
+} // namespace
+
+struct TGis::TFundoGuardado
+{
+    TChaveDoFundo Chave;
+    QImage Imagem;
+    std::optional<TGradeDeRotulos> Grade;
 };
 
 TGis::TGis(QWidget *parent)
@@ -151,18 +205,60 @@ void TGis::Desenhar()
         FCanvas->AtribuirImagem(&FBuffer);
     }
     TCanvas &canvas = *FCanvas;
-    canvas.Brush().Style = bsSolid;
-    canvas.Brush().Color = FColor;
-    canvas.FillRect(TRect(0, 0, largura, altura));
-
     TGISObjeto::AtribuirTabelaSimbolos(FTabelaDeSimbolos);
     TGISObjeto::AtribuirTabelaSimbolos(canvas, FTabelaDeSimbolos);
     const double zoom = FProjecao->Zoom();
     // Sem sobreposição de rótulos, a grade vale para o desenho inteiro (todas as camadas).
     std::optional<TGradeDeRotulos> grade;
-    if (FRotulosSemSobreposicao)
-        grade.emplace(FProjecao->AreaTela());
-    for (int i = 0; i < FCamadas->Count(); ++i) {
+
+    // Com uma camada volátil, as camadas abaixo dela (e o fundo) vêm da imagem guardada quando a
+    // chave é a mesma; senão são desenhadas e guardadas, com a grade dos rótulos como ficou.
+    int primeiroVolatil = -1;
+    for (int i = 0; i < FCamadas->Count() && primeiroVolatil < 0; ++i)
+        if (FCamadas->Items(i)->Volatil())
+            primeiroVolatil = i;
+    std::optional<TChaveDoFundo> chave;
+    if (primeiroVolatil >= 0) {
+        chave.emplace();
+        chave->Tamanho = FBuffer.size();
+        chave->Projecao = FProjecao;
+        chave->Centro = FProjecao->Centro();
+        chave->Zoom = zoom;
+        chave->Tela = FProjecao->AreaTela();
+        chave->Fundo = FColor;
+        chave->Fonte = FFont.ParaQFont();
+        chave->FonteRotulo = FFonteRotulo.ParaQFont();
+        chave->Caneta = FPen.ParaQPen();
+        chave->Pincel = FBrush.ParaQBrush();
+        chave->Rotulos = TextosRotulos();
+        chave->TabelaDeCores = FTabelaDeCores;
+        chave->TabelaDeSimbolos = FTabelaDeSimbolos;
+        chave->SemSobreposicao = FRotulosSemSobreposicao;
+        for (int i = 0; i < primeiroVolatil; ++i) {
+            const TGISCamada *c = FCamadas->Items(i);
+            chave->Camadas.push_back({c, c->ContadorDeMudancas(), c->Visivel(), c->ZoomMinimo(), c->ZoomMaximo()});
+        }
+    }
+    int primeira = 0;
+    if (chave && FFundo && FFundo->Chave == *chave) {
+        std::memcpy(FBuffer.bits(), FFundo->Imagem.constBits(), std::size_t(FBuffer.sizeInBytes()));
+        grade = FFundo->Grade;
+        primeira = primeiroVolatil;
+    } else {
+        canvas.Brush().Style = bsSolid;
+        canvas.Brush().Color = FColor;
+        canvas.FillRect(TRect(0, 0, largura, altura));
+        if (FRotulosSemSobreposicao)
+            grade.emplace(FProjecao->AreaTela());
+    }
+    for (int i = primeira; i < FCamadas->Count(); ++i) {
+        if (chave && i == primeiroVolatil && primeira == 0) {
+            if (!FFundo)
+                FFundo = std::make_unique<TFundoGuardado>();
+            FFundo->Chave = *chave;
+            FFundo->Imagem = FBuffer.copy();
+            FFundo->Grade = grade;
+        }
         TGISCamada *camada = FCamadas->Items(i);
         if (!(zoom < camada->ZoomMinimo()) && !(zoom > camada->ZoomMaximo()))
             DesenharCamada(*camada, canvas, *FProjecao, grade ? &*grade : nullptr);

@@ -396,6 +396,9 @@ private:
 
     // Na ordem de construção.
     std::unique_ptr<TSeta> FSeta;
+    struct TFundoGuardado;
+    /// As camadas estáticas abaixo da primeira volátil, já desenhadas, e o que as decidiu.
+    std::unique_ptr<TFundoGuardado> FFundo;
     TTabelaDeCores *FTabelaDeCores = nullptr;
     std::unique_ptr<TStringList> FRotulos;
     TFont FFonteRotulo;

@@ -47,6 +47,12 @@ public:
     std::uint64_t ContadorDeMudancas() const { return FObjetos.ContadorDeMudancas(); }
     bool Visivel() const { return FVisivel; }
     void AtribuirVisivel(bool visivel) { FVisivel = visivel; }
+    /// Extensão: uma camada volátil (a de meios acompanhados que se movem a cada instante, por
+    /// exemplo) é desenhada de novo a cada quadro, enquanto as camadas não voláteis abaixo da
+    /// primeira volátil vêm de uma imagem guardada pelo controle do mapa enquanto nada do que elas
+    /// desenham mudou. Padrão falso: sem camada volátil, tudo é desenhado a cada quadro.
+    bool Volatil() const { return FVolatil; }
+    void AtribuirVolatil(bool volatil) { FVolatil = volatil; }
     double ZoomMinimo() const { return FZoomMinimo; }
     void AtribuirZoomMinimo(double zoom) { FZoomMinimo = zoom; }
     double ZoomMaximo() const { return FZoomMaximo; }
@@ -89,6 +95,7 @@ private:
     TBrush FPincel;
     TGISObjetoList FObjetos;
     bool FVisivel = true;
+    bool FVolatil = false;
     double FZoomMinimo = 0.0;
     double FZoomMaximo = 50000.0;
     TColor FCor = clNone;
