@@ -420,6 +420,38 @@ int main(int argc, char **argv)
     if (escala > 1)
         return 0;
 
+    {
+        // 1.000 meios acompanhados numa camada volátil sobre as camadas estáticas do B1, na
+        // extensão inteira: cada quadro move todos e redesenha pelo controle (Desenhar).
+        projecao.AtribuirZoom(zoomInteiro);
+        auto *meios = new TGISCamada(QStringLiteral("Meios"));
+        std::uniform_int_distribution<std::int32_t> lat(LatMin, LatMax);
+        std::uniform_int_distribution<std::int32_t> lon(LonMin, LonMax);
+        for (int i = 0; i < 1000; ++i) {
+            auto *meio = new TGISPonto;
+            meio->AtribuirForma(gisQuadrado);
+            meio->TamanhoNaTela(TPoint(9, 9));
+            meio->AtribuirPosicao(GISPosicao(lat(aleatorio), lon(aleatorio)));
+            meios->Objetos().Add(meio);
+        }
+        gis.Camadas().Add(meios);
+        auto mover = [&] {
+            meios->Objetos().IniciarLote();
+            for (TGISObjeto *o : meios->Objetos()) {
+                const TGISPosicao p = o->Posicao();
+                o->AtribuirPosicao(GISPosicao(p.Latitude + 30, p.Longitude + 30));
+            }
+            meios->Objetos().TerminarLote();
+            gis.Desenhar();
+        };
+        const double msInteiro = Medir(2, mover);
+        meios->AtribuirVolatil(true);
+        const double msVolatil = Medir(2, mover);
+        std::printf("1000 meios numa camada volatil: quadro %.2f ms, redesenho inteiro %.2f ms, razao %.3f\n", msVolatil,
+                    msInteiro, msVolatil / msInteiro);
+        gis.Camadas().Remove(meios);
+    }
+
     QImage imagem(Largura, Altura, QImage::Format_ARGB32_Premultiplied);
     std::printf("%-10s %12s %12s %8s %14s %8s %16s\n", "vista", "elementos ms", "QPainter ms", "razao", "sem indice ms",
                 "razao", "so recorte ms");
