@@ -240,8 +240,10 @@ void TGis::Desenhar()
         }
     }
     int primeira = 0;
-    if (chave && FFundo && FFundo->Chave == *chave) {
-        std::memcpy(FBuffer.bits(), FFundo->Imagem.constBits(), std::size_t(FBuffer.sizeInBytes()));
+    const bool reaproveitar = chave && FFundo && FFundo->Chave == *chave;
+    if (reaproveitar) {
+        if (FBuffer.sizeInBytes() > 0)
+            std::memcpy(FBuffer.bits(), FFundo->Imagem.constBits(), std::size_t(FBuffer.sizeInBytes()));
         grade = FFundo->Grade;
         primeira = primeiroVolatil;
     } else {
@@ -252,7 +254,7 @@ void TGis::Desenhar()
             grade.emplace(FProjecao->AreaTela());
     }
     for (int i = primeira; i < FCamadas->Count(); ++i) {
-        if (chave && i == primeiroVolatil && primeira == 0) {
+        if (chave && !reaproveitar && i == primeiroVolatil) {
             if (!FFundo)
                 FFundo = std::make_unique<TFundoGuardado>();
             FFundo->Chave = *chave;
