@@ -10,7 +10,9 @@
 #include <tavru/control/TGISBarraDeEscala.h>
 #include <tavru/core/Arredondar.h>
 #include <tavru/core/TGISCamadaList.h>
+#include <tavru/core/TGISIndiceEspacial.h>
 #include <tavru/core/TGISProjecaoMercator.h>
+#include <tavru/elements/GISComposto.h>
 #include <tavru/elements/GISImagem.h>
 #include <tavru/elements/GISPonto.h>
 #include <tavru/platform/TCanvas.h>
@@ -23,6 +25,9 @@
 #include <QWheelEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QBrush>
+#include <QFont>
+#include <QPen>
 #include <QRegion>
 #include <algorithm>
 #include <cmath>
@@ -30,6 +35,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <optional>
+#include <typeinfo>
 
 namespace tavru {
 
@@ -46,6 +52,61 @@ public:
 
 private:
     TGis &FGis;
+};
+
+namespace {
+/// O que decide os pixels das camadas estáticas guardadas: a vista, o que o controle usa para
+/// desenhar e, por camada, a identidade, o contador de mudanças e o que a faz ser desenhada.
+struct TChaveDoFundo
+{
+    struct TCamadaNaChave
+    {
+        const TGISCamada *Camada;
+        std::uint64_t Contador;
+        bool Visivel;
+        double ZoomMinimo;
+        double ZoomMaximo;
+        bool operator==(const TCamadaNaChave &o) const
+        {
+            return Camada == o.Camada && Contador == o.Contador && Visivel == o.Visivel
+                && ZoomMinimo == o.ZoomMinimo && ZoomMaximo == o.ZoomMaximo;
+        }
+    };
+    QSize Tamanho;
+    const TGISProjecao *Projecao = nullptr;
+    TGISPosicao Centro;
+    double Zoom = 0;
+    TRect Tela;
+    TColor Fundo = 0;
+    QFont Fonte;
+    QFont FonteRotulo;
+    QPen Caneta;
+    QBrush Pincel;
+    QStringList Rotulos;
+    const void *TabelaDeCores = nullptr;
+    const void *TabelaDeSimbolos = nullptr;
+    bool SemSobreposicao = false;
+    TColor Halo = 0;
+    bool Suavizar = false;
+    double Razao = 1.0;
+    std::vector<TCamadaNaChave> Camadas;
+    bool operator==(const TChaveDoFundo &o) const
+    {
+        return Tamanho == o.Tamanho && Projecao == o.Projecao && Centro == o.Centro && Zoom == o.Zoom
+            && Tela.Left == o.Tela.Left && Tela.Top == o.Tela.Top && Tela.Right == o.Tela.Right
+            && Tela.Bottom == o.Tela.Bottom && Fundo == o.Fundo && Fonte == o.Fonte && FonteRotulo == o.FonteRotulo
+            && Caneta == o.Caneta && Pincel == o.Pincel && Rotulos == o.Rotulos && TabelaDeCores == o.TabelaDeCores
+            && TabelaDeSimbolos == o.TabelaDeSimbolos && SemSobreposicao == o.SemSobreposicao && Halo == o.Halo
+            && Suavizar == o.Suavizar && Razao == o.Razao && Camadas == o.Camadas;
+    }
+};
+} // namespace
+
+struct TGis::TFundoGuardado
+{
+    TChaveDoFundo Chave;
+    QImage Imagem;
+    std::optional<TGradeDeRotulos> Grade;
 };
 
 TGis::TGis(QWidget *parent)
@@ -164,18 +225,65 @@ void TGis::Desenhar()
         FCanvas->AtribuirImagem(&FBuffer);
     }
     TCanvas &canvas = *FCanvas;
-    canvas.Brush().Style = bsSolid;
-    canvas.Brush().Color = FColor;
-    canvas.FillRect(TRect(0, 0, largura, altura));
-
     TGISObjeto::AtribuirTabelaSimbolos(FTabelaDeSimbolos);
     TGISObjeto::AtribuirTabelaSimbolos(canvas, FTabelaDeSimbolos);
     const double zoom = FProjecao->Zoom();
     // Sem sobreposição de rótulos, a grade vale para o desenho inteiro (todas as camadas).
     std::optional<TGradeDeRotulos> grade;
-    if (FRotulosSemSobreposicao)
-        grade.emplace(FProjecao->AreaTela());
-    for (int i = 0; i < FCamadas->Count(); ++i) {
+
+    // Com uma camada volátil, as camadas abaixo dela (e o fundo) vêm da imagem guardada quando a
+    // chave é a mesma; senão são desenhadas e guardadas, com a grade dos rótulos como ficou.
+    int primeiroVolatil = -1;
+    for (int i = 0; i < FCamadas->Count() && primeiroVolatil < 0; ++i)
+        if (FCamadas->Items(i)->Volatil())
+            primeiroVolatil = i;
+    std::optional<TChaveDoFundo> chave;
+    if (primeiroVolatil >= 0) {
+        chave.emplace();
+        chave->Tamanho = FBuffer.size();
+        chave->Projecao = FProjecao;
+        chave->Centro = FProjecao->Centro();
+        chave->Zoom = zoom;
+        chave->Tela = FProjecao->AreaTela();
+        chave->Fundo = FColor;
+        chave->Fonte = FFont.ParaQFont();
+        chave->FonteRotulo = FFonteRotulo.ParaQFont();
+        chave->Caneta = FPen.ParaQPen();
+        chave->Pincel = FBrush.ParaQBrush();
+        chave->Rotulos = TextosRotulos();
+        chave->TabelaDeCores = FTabelaDeCores;
+        chave->TabelaDeSimbolos = FTabelaDeSimbolos;
+        chave->SemSobreposicao = FRotulosSemSobreposicao;
+        chave->Halo = FCorDoHalo;
+        chave->Suavizar = Suavizar();
+        chave->Razao = FBuffer.devicePixelRatio();
+        for (int i = 0; i < primeiroVolatil; ++i) {
+            const TGISCamada *c = FCamadas->Items(i);
+            chave->Camadas.push_back({c, c->ContadorDeMudancas(), c->Visivel(), c->ZoomMinimo(), c->ZoomMaximo()});
+        }
+    }
+    int primeira = 0;
+    const bool reaproveitar = chave && FFundo && FFundo->Chave == *chave;
+    if (reaproveitar) {
+        if (FBuffer.sizeInBytes() > 0)
+            std::memcpy(FBuffer.bits(), FFundo->Imagem.constBits(), std::size_t(FBuffer.sizeInBytes()));
+        grade = FFundo->Grade;
+        primeira = primeiroVolatil;
+    } else {
+        canvas.Brush().Style = bsSolid;
+        canvas.Brush().Color = FColor;
+        canvas.FillRect(TRect(0, 0, largura, altura));
+        if (FRotulosSemSobreposicao)
+            grade.emplace(FProjecao->AreaTela());
+    }
+    for (int i = primeira; i < FCamadas->Count(); ++i) {
+        if (chave && !reaproveitar && i == primeiroVolatil) {
+            if (!FFundo)
+                FFundo = std::make_unique<TFundoGuardado>();
+            FFundo->Chave = *chave;
+            FFundo->Imagem = FBuffer.copy();
+            FFundo->Grade = grade;
+        }
         TGISCamada *camada = FCamadas->Items(i);
         if (!(zoom < camada->ZoomMinimo()) && !(zoom > camada->ZoomMaximo()))
             DesenharCamada(*camada, canvas, *FProjecao, grade ? &*grade : nullptr);
@@ -200,6 +308,102 @@ struct TRotulosDoQuadro
 {
     std::vector<TRotuloDoQuadro> Itens;
 };
+/// Os índices dos candidatos de uma consulta ao índice, reaproveitados no contexto do canvas.
+struct TCandidatosDoQuadro
+{
+    std::vector<int> Itens;
+};
+
+/// O retângulo de tela com que o controle recorta e pré-testa um objeto (não ordenado). O de um
+/// ponto é onde ele desenha nesta projeção, e não a área do último desenho (que pode ter sido
+/// noutra projeção ou noutro canvas): assim um quadro não depende dos anteriores, e o índice,
+/// que guarda o ponto pela posição, devolve todos os que o percurso linear aceitaria.
+TRect RetanguloDeRecorte(const TGISObjeto &objeto, const TGISProjecao &projecao)
+{
+    if (const auto *ponto = dynamic_cast<const TGISPonto *>(&objeto))
+        return ponto->RetanguloNaTela(projecao);
+    return projecao.MundoParaTelaRet(objeto.Area());
+}
+
+/// O teste de recorte do desenho: o barato da projeção (que só recusa o que está certamente
+/// fora) e depois o exato.
+bool NaTela(const TGISObjeto &objeto, const TGISProjecao &projecao, const TRect &tela)
+{
+    if (const auto *ponto = dynamic_cast<const TGISPonto *>(&objeto))
+        return Intersecao(ponto->RetanguloNaTela(projecao), tela);
+    const TGISRet area = objeto.Area();
+    return projecao.Visivel(area) && Intersecao(projecao.MundoParaTelaRet(area), tela);
+}
+
+/// Metade do maior lado que o ponto pode ter na tela, mais a folga do arredondamento do centro.
+int MeioTamanhoNaTela(const TGISPonto &ponto)
+{
+    const TPoint a = ponto.TamanhoMaximo();
+    const TPoint b = ponto.TamanhoMinimo();
+    const std::int64_t maior = std::max({std::llabs(a.X), std::llabs(a.Y), std::llabs(b.X), std::llabs(b.Y)});
+    return int(std::min<std::int64_t>(maior / 2 + 2, 1 << 20));
+}
+
+/// O índice da camada, refeito (por carga em bloco) quando o contador de mudanças dela andou.
+/// Um ponto entra pelo retângulo `AreaNoMundo` (o centro do seu desenho fica na imagem dele) e a
+/// folga do índice é o maior meio tamanho na tela dos pontos; um composto, cuja área depende do
+/// último desenho dos seus pontos, entra em toda consulta.
+const TGISIndiceEspacial &IndiceAtual(const TGISCamada &camada)
+{
+    TGISIndiceEspacial &indice = camada.Indice();
+    const std::uint64_t versao = camada.ContadorDeMudancas();
+    if (indice.Construido() && indice.Versao() == versao)
+        return indice;
+    const TGISObjetoList &objetos = camada.Objetos();
+    std::vector<TGISIndiceEspacial::TEntrada> entradas;
+    entradas.reserve(std::size_t(objetos.Count()));
+    std::vector<int> sempre;
+    int folga = 0;
+    for (int i = 0; i < objetos.Count(); ++i) {
+        const TGISObjeto *objeto = objetos.Items(i);
+        if (!objeto)
+            continue;
+        if (const auto *ponto = dynamic_cast<const TGISPonto *>(objeto)) {
+            entradas.push_back({ponto->AreaNoMundo(), i});
+            folga = std::max(folga, MeioTamanhoNaTela(*ponto));
+        } else if (dynamic_cast<const TGISComposto *>(objeto)) {
+            sempre.push_back(i);
+        } else {
+            entradas.push_back({objeto->Area(), i});
+        }
+    }
+    indice.Construir(entradas, sempre, versao, folga);
+    return indice;
+}
+
+/// Os candidatos da camada para um retângulo de tela crescido de `margem` pixels, em ordem de
+/// índice. Falso quando o percurso linear deve ser usado: índice desligado, projeção que não é a
+/// Mercator do controle (o índice precisa de uma projeção alinhada aos eixos e monótona) ou
+/// consulta que cobre a camada inteira (então andar a lista é o mais barato).
+bool ConsultarIndice(const TGISCamada &camada, const TGISProjecao &projecao, const TRect &tela, int margem,
+                     std::vector<int> &candidatos)
+{
+    if (typeid(projecao) != typeid(TGISProjecaoMercator))
+        return false;
+    const TGISIndiceEspacial &indice = IndiceAtual(camada);
+    const TRect crescido = Inflar(ConcertaRect(tela), margem + indice.FolgaTela() + 2);
+    TGISRet mundo = ConcertaRect(projecao.TelaParaMundoRet(crescido));
+    // Onde a volta não alcança o retângulo crescido (a conversão parou na ponta da faixa), o lado
+    // fica aberto até o fim.
+    const TRect volta = ConcertaRect(projecao.MundoParaTelaRet(mundo));
+    if (volta.Left > crescido.Left + 1)
+        mundo.Pos1.Longitude = INT32_MIN;
+    if (volta.Right < crescido.Right - 1)
+        mundo.Pos2.Longitude = INT32_MAX;
+    if (volta.Top > crescido.Top + 1)
+        mundo.Pos2.Latitude = INT32_MAX;
+    if (volta.Bottom < crescido.Bottom - 1)
+        mundo.Pos1.Latitude = INT32_MIN;
+    if (Contem(mundo, indice.Extensao()))
+        return false;
+    indice.Consultar(mundo, candidatos);
+    return true;
+}
 } // namespace
 
 void TGis::AplicarTabelaDeCores(TGISCamada &camada)
@@ -234,15 +438,15 @@ void TGis::DesenharCamada(TGISCamada &camada, TCanvas &canvas, const TGISProjeca
 
     if (camada.Visivel()) {
         const TRect tela = projecao.AreaTela();
-        for (int i = 0; i < total; ++i) {
+        // O índice só escolhe candidatos, em ordem de índice; o teste exato é o mesmo.
+        std::vector<int> &candidatos = canvas.Contexto().Obter<TCandidatosDoQuadro>().Itens;
+        const bool filtrado = FUsarIndice && ConsultarIndice(camada, projecao, tela, 0, candidatos);
+        const int passos = filtrado ? int(candidatos.size()) : total;
+        for (int k = 0; k < passos; ++k) {
+            const int i = filtrado ? candidatos[std::size_t(k)] : k;
             TGISObjeto *objeto = objetos.Items(i);
             // Um objeto escondido (`Visivel` falso) fica na camada mas não é desenhado nem rotulado.
-            if (!objeto || !objeto->Visivel())
-                continue;
-            // Primeiro o teste barato da projeção (que só recusa o que está certamente fora),
-            // depois o exato.
-            const TGISRet area = objeto->Area();
-            if (!projecao.Visivel(area) || !Intersecao(projecao.MundoParaTelaRet(area), tela))
+            if (!objeto || !objeto->Visivel() || !NaTela(*objeto, projecao, tela))
                 continue;
             canvas.Brush().Assign(FBrush);
             canvas.Pen().Assign(FPen);
@@ -748,20 +952,29 @@ void TGis::ObterListaDeObjetos(const TPoint &ponto, TStringList &lista)
     const TRect cliente(0, 0, width(), height());
     TGISProjecao &projecao = *FProjecao;
     const double zoom = projecao.Zoom();
+    std::vector<int> candidatos;
     for (int c = FCamadas->Count() - 1; c >= 0; --c) {
         const TGISCamada &camada = *FCamadas->Items(c);
         if (!camada.Visivel() || camada.Tipo() < gtcInterrogavel || zoom < camada.ZoomMinimo()
             || zoom > camada.ZoomMaximo())
             continue;
         const TGISObjetoList &objetos = camada.Objetos();
-        for (int o = objetos.Count() - 1; o >= 0; --o) {
+        // O índice dá os candidatos perto do clique (crescido da maior margem abaixo), em ordem de
+        // índice; andamos do último ao primeiro, como a lista.
+        const int margemMaxima = std::max(std::abs(Arredondar(projecao.ErroTelaPonto() * zoom / 2.0)),
+                                          std::abs(Arredondar(projecao.ErroTelaPonto())));
+        const bool filtrado = FUsarIndice
+            && ConsultarIndice(camada, projecao, TRect(ponto.X, ponto.Y, ponto.X, ponto.Y), margemMaxima, candidatos);
+        const int passos = filtrado ? int(candidatos.size()) : objetos.Count();
+        for (int k = passos - 1; k >= 0; --k) {
+            const int o = filtrado ? candidatos[std::size_t(k)] : k;
             TGISObjeto *objeto = objetos.Items(o);
             // Um objeto escondido não é achado por clique.
             if (!objeto || !objeto->Visivel())
                 continue;
             // Em ordem antes de crescer: a latitude maior fica em cima, e crescer o retângulo
             // projetado como veio o encolheria na vertical.
-            const TRect r = ConcertaRect(projecao.MundoParaTelaRet(objeto->Area()));
+            const TRect r = ConcertaRect(RetanguloDeRecorte(*objeto, projecao));
             if (!Intersecao(r, projecao.AreaTela()))
                 continue;
             const int margem = r.Left == r.Right ? Arredondar(projecao.ErroTelaPonto() * zoom / 2.0)

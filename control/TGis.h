@@ -332,6 +332,13 @@ public:
     /// tela continuam em pixels lógicos (os do controle). Vale a partir do próximo `Desenhar`.
     double RazaoDePixels() const { return FRazaoDePixels; }
     void AtribuirRazaoDePixels(double razao) { FRazaoDePixels = std::isfinite(razao) && razao > 0.0 ? razao : 0.0; }
+    /// Extensão: se o recorte do desenho e as consultas de objetos (`ObterObjeto`,
+    /// `ObterListaDeObjetos`) usam o índice espacial de cada camada (verdadeiro, padrão) ou andam a
+    /// lista inteira. O índice é só um filtro de candidatos: a resposta, a ordem de desenho e os
+    /// pixels são os mesmos nos dois modos. Um ponto é recortado pelo retângulo em que desenha na
+    /// projeção atual (`TGISPonto::RetanguloNaTela`), nos dois modos.
+    bool UsarIndice() const { return FUsarIndice; }
+    void AtribuirUsarIndice(bool usar) { FUsarIndice = usar; }
 
 Q_SIGNALS:
     /// Emitido no começo da destruição, enquanto o controle ainda está inteiro: quem guarda uma
@@ -410,6 +417,9 @@ private:
 
     // Na ordem de construção.
     std::unique_ptr<TSeta> FSeta;
+    struct TFundoGuardado;
+    /// As camadas estáticas abaixo da primeira volátil, já desenhadas, e o que as decidiu.
+    std::unique_ptr<TFundoGuardado> FFundo;
     TTabelaDeCores *FTabelaDeCores = nullptr;
     std::unique_ptr<TStringList> FRotulos;
     TFont FFonteRotulo;
@@ -452,6 +462,7 @@ private:
 
     TColor FCorDoHalo = clNone;
     bool FRotulosSemSobreposicao = false;
+    bool FUsarIndice = true;
     bool FSetaNoCentroDaArea = false;
     bool FVisaoAvisada = false;
     double FZoomAvisado = 0.0;

@@ -3,6 +3,7 @@
 /// A camada do mapa: um nome, uma lista de objetos possuída e as opções de desenho.
 
 #include <tavru/core/GISEnumeracoes.h>
+#include <tavru/core/TGISIndiceEspacial.h>
 #include <tavru/core/TGISObjetoList.h>
 #include <tavru/platform/Exportacao.h>
 #include <tavru/platform/TBrush.h>
@@ -46,6 +47,12 @@ public:
     std::uint64_t ContadorDeMudancas() const { return FObjetos.ContadorDeMudancas(); }
     bool Visivel() const { return FVisivel; }
     void AtribuirVisivel(bool visivel) { FVisivel = visivel; }
+    /// Extensão: uma camada volátil (a de meios acompanhados que se movem a cada instante, por
+    /// exemplo) é desenhada de novo a cada quadro, enquanto as camadas não voláteis abaixo da
+    /// primeira volátil vêm de uma imagem guardada pelo controle do mapa enquanto nada do que elas
+    /// desenham mudou. Padrão falso: sem camada volátil, tudo é desenhado a cada quadro.
+    bool Volatil() const { return FVolatil; }
+    void AtribuirVolatil(bool volatil) { FVolatil = volatil; }
     double ZoomMinimo() const { return FZoomMinimo; }
     void AtribuirZoomMinimo(double zoom) { FZoomMinimo = zoom; }
     double ZoomMaximo() const { return FZoomMaximo; }
@@ -76,6 +83,11 @@ public:
     /// `EListError`. As trocas são avisadas num lote só.
     void InverterOrdem();
 
+    /// O índice espacial da camada (extensão), guardado aqui e refeito por quem o consulta (o
+    /// controle do mapa) quando `ContadorDeMudancas` andou. Muda dentro de um método const de
+    /// propósito: é um cache do que os objetos já dizem.
+    TGISIndiceEspacial &Indice() const { return FIndice; }
+
 private:
     TGISTipoCamada FTipo = gtcInterrogavel;
     QString FNome;
@@ -83,10 +95,12 @@ private:
     TBrush FPincel;
     TGISObjetoList FObjetos;
     bool FVisivel = true;
+    bool FVolatil = false;
     double FZoomMinimo = 0.0;
     double FZoomMaximo = 50000.0;
     TColor FCor = clNone;
     bool FCorAtribuida = false;
+    mutable TGISIndiceEspacial FIndice;
 };
 
 } // namespace tavru

@@ -204,6 +204,13 @@ TGISRet TGISPonto::AreaNoMundo() const
 
 TRect TGISPonto::ObterAreaDesenho(const TGISProjecao &projecao)
 {
+    const TRect r = RetanguloNaTela(projecao);
+    FAreaDesenho = ConcertaRect(projecao.TelaParaMundoRet(r));
+    return r;
+}
+
+TRect TGISPonto::RetanguloNaTela(const TGISProjecao &projecao) const
+{
     const TRect tela = ConcertaRect(projecao.MundoParaTelaRet(AreaNoMundo()));
     const TPoint c = Centro(tela);
     std::int64_t largura;
@@ -224,7 +231,6 @@ TRect TGISPonto::ObterAreaDesenho(const TGISProjecao &projecao)
     r.Right = Saturar32(r.Left + largura);
     r.Top = Saturar32(c.Y - altura / 2);
     r.Bottom = Saturar32(r.Top + altura);
-    FAreaDesenho = ConcertaRect(projecao.TelaParaMundoRet(r));
     return r;
 }
 

@@ -91,6 +91,9 @@ public:
     /// (metades por divisão inteira truncada: largura 7 dá esquerda = cx - 3, direita = esquerda
     /// + 7). Renova `AreaDesenho` com a imagem desse retângulo no mundo.
     TRect ObterAreaDesenho(const TGISProjecao &projecao);
+    /// O mesmo retângulo de tela de `ObterAreaDesenho`, sem renovar `AreaDesenho`: o recorte do
+    /// controle do mapa o usa para que um quadro não dependa do desenho anterior.
+    TRect RetanguloNaTela(const TGISProjecao &projecao) const;
     /// O retângulo do mundo de tamanho `TamanhoNoMundo` centrado na posição (segundos de arco).
     TGISRet AreaNoMundo() const;
 

@@ -7,17 +7,25 @@
 // antes, sem objetos) como o limite prático. Imprime milissegundos por quadro, a razão, e a
 // memória do mapa (mallinfo2).
 //
-// Uso: tavru-bench-mapa [--passo N] [quadro.png [quadro-direto.png]]
+// Com o índice espacial de cada camada (o padrão do controle) e sem ele (percurso linear), o
+// quadro e a consulta de um clique (ObterListaDeObjetos) são medidos nos dois modos, com o custo
+// de construir o índice (tempo e memória). Com --escala N o mapa tem N vezes mais objetos e só a
+// consulta de cliques e o índice são medidos.
+//
+// Uso: tavru-bench-mapa [--passo N] [--escala N] [quadro.png [quadro-direto.png]]
 //   --passo: maior passo por eixo do passeio das linhas, em segundos de arco (padrão 150);
 //   os PNG recebem o quadro pelos elementos (os zooms em NOME-8x.png e NOME-64x.png) e o da
 //   extensão inteira pelo desenho direto.
 
 #include <tavru/control/TGis.h>
 #include <tavru/core/TGISCamada.h>
+#include <tavru/core/TGISCamadaList.h>
+#include <tavru/core/TGISIndiceEspacial.h>
 #include <tavru/core/TGISObjetoList.h>
 #include <tavru/core/TGISProjecaoMercator.h>
 #include <tavru/elements/GISElementos.h>
 #include <tavru/platform/TCanvas.h>
+#include <tavru/platform/TStringList.h>
 
 #include <QApplication>
 #include <QImage>
@@ -37,11 +45,12 @@ namespace {
 
 constexpr int Largura = 1920;
 constexpr int Altura = 1080;
-constexpr int TotalLinhas = 10000;
+// Multiplicados por --escala (o mapa de um milhão de objetos é o B1 com escala 8).
+int TotalLinhas = 10000;
 constexpr int VerticesLinha = 100;
-constexpr int TotalAreas = 10000;
+int TotalAreas = 10000;
 constexpr int VerticesArea = 20;
-constexpr int TotalPontos = 100000;
+int TotalPontos = 100000;
 constexpr int Repeticoes = 7;
 
 constexpr std::int32_t LatMin = -34 * 3600;
@@ -271,6 +280,69 @@ double Medir(int linha, F &&quadro)
     return melhor;
 }
 
+/// Constrói um índice com as mesmas caixas que o controle usa (a área de cada objeto; a do mundo
+/// de cada ponto) e mede tempo e memória.
+void MedirIndice(TMapa &mapa)
+{
+    double ms = 0;
+    std::size_t bytes = 0;
+    std::size_t total = 0;
+    std::vector<std::unique_ptr<TGISIndiceEspacial>> indices;
+    for (TGISObjetoList *lista : {&mapa.Areas, &mapa.Linhas, &mapa.Pontos}) {
+        const std::size_t antes = MemoriaEmUso();
+        const double inicio = Agora();
+        std::vector<TGISIndiceEspacial::TEntrada> entradas;
+        entradas.reserve(std::size_t(lista->Count()));
+        for (int i = 0; i < lista->Count(); ++i) {
+            TGISObjeto *o = lista->Items(i);
+            auto *ponto = dynamic_cast<TGISPonto *>(o);
+            entradas.push_back({ponto ? ponto->AreaNoMundo() : o->Area(), i});
+        }
+        indices.push_back(std::make_unique<TGISIndiceEspacial>());
+        indices.back()->Construir(entradas, {}, 0, 0);
+        ms += Agora() - inicio;
+        entradas.clear();
+        entradas.shrink_to_fit();
+        bytes += MemoriaEmUso() - antes;
+        total += indices.back()->Total();
+    }
+    std::printf("Indice: %zu caixas construidas em %.1f ms, %.1f MB (%.1f bytes por objeto)\n", total, ms,
+                bytes / 1e6, double(bytes) / double(total));
+}
+
+/// Microssegundos por clique (ObterListaDeObjetos) em cliques sorteados na tela, com e sem índice.
+void MedirCliques(TGis &gis, const char *vista)
+{
+    std::mt19937 aleatorio(7u);
+    std::uniform_int_distribution<int> x(0, Largura - 1);
+    std::uniform_int_distribution<int> y(0, Altura - 1);
+    std::vector<TPoint> cliques;
+    for (int i = 0; i < 200; ++i)
+        cliques.push_back(TPoint(x(aleatorio), y(aleatorio)));
+    double us[2];
+    int achados[2] = {0, 0};
+    for (const bool indice : {true, false}) {
+        gis.AtribuirUsarIndice(indice);
+        TStringList lista;
+        gis.ObterListaDeObjetos(cliques[0], lista); // o índice se constrói aqui, fora da medida
+        const int vezes = indice ? 200 : 20;
+        double melhor = 1e300;
+        for (int r = 0; r < 3; ++r) {
+            const double inicio = Agora();
+            achados[indice ? 0 : 1] = 0;
+            for (int i = 0; i < vezes; ++i) {
+                gis.ObterListaDeObjetos(cliques[std::size_t(i)], lista);
+                achados[indice ? 0 : 1] += lista.Count();
+            }
+            melhor = std::min(melhor, (Agora() - inicio) * 1000.0 / vezes);
+        }
+        us[indice ? 0 : 1] = melhor;
+    }
+    gis.AtribuirUsarIndice(true);
+    std::printf("Clique %-9s com indice %.1f us, percurso linear %.1f us, razao %.4f\n", vista, us[0], us[1],
+                us[0] / us[1]);
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -280,16 +352,22 @@ int main(int argc, char **argv)
     TGis gis;
     QString png;
     QString pngDireto;
+    int escala = 1;
     for (int i = 1; i < argc; ++i) {
         const QString a = QString::fromLocal8Bit(argv[i]);
         if (a == QLatin1String("--passo") && i + 1 < argc)
             GPasso = QString::fromLocal8Bit(argv[++i]).toInt();
+        else if (a == QLatin1String("--escala") && i + 1 < argc)
+            escala = std::max(1, QString::fromLocal8Bit(argv[++i]).toInt());
         else if (png.isEmpty())
             png = a;
         else
             pngDireto = a;
     }
 
+    TotalLinhas *= escala;
+    TotalAreas *= escala;
+    TotalPontos *= escala;
     std::mt19937 aleatorio(20261121u);
     TMapa mapa;
     const std::size_t m0 = MemoriaEmUso();
@@ -319,14 +397,73 @@ int main(int argc, char **argv)
     projecao.FitToRect(limites);
     const double zoomInteiro = projecao.Zoom();
 
+    MedirIndice(mapa);
+    // As camadas emprestadas ao controle para as consultas de clique (devolvidas no fim).
+    gis.resize(Largura, Altura);
+    gis.AtribuirProjecao(&projecao);
+    for (TGISCamada *camada : {&mapa.CamadaAreas, &mapa.CamadaLinhas, &mapa.CamadaPontos})
+        gis.Camadas().Add(camada);
+    struct TDevolver
+    {
+        TGis &Gis;
+        ~TDevolver()
+        {
+            while (Gis.Camadas().Count() > 0)
+                Gis.Camadas().Extract(Gis.Camadas().Items(0));
+            Gis.AtribuirProjecao(nullptr);
+        }
+    } devolver{gis};
+    for (const int fator : {1, 64}) {
+        projecao.AtribuirZoom(zoomInteiro * fator);
+        MedirCliques(gis, fator == 1 ? "inteira" : "zoom 64x");
+    }
+    if (escala > 1)
+        return 0;
+
+    {
+        // 1.000 meios acompanhados numa camada volátil sobre as camadas estáticas do B1, na
+        // extensão inteira: cada quadro move todos e redesenha pelo controle (Desenhar).
+        projecao.AtribuirZoom(zoomInteiro);
+        auto *meios = new TGISCamada(QStringLiteral("Meios"));
+        std::uniform_int_distribution<std::int32_t> lat(LatMin, LatMax);
+        std::uniform_int_distribution<std::int32_t> lon(LonMin, LonMax);
+        for (int i = 0; i < 1000; ++i) {
+            auto *meio = new TGISPonto;
+            meio->AtribuirForma(gisQuadrado);
+            meio->TamanhoNaTela(TPoint(9, 9));
+            meio->AtribuirPosicao(GISPosicao(lat(aleatorio), lon(aleatorio)));
+            meios->Objetos().Add(meio);
+        }
+        gis.Camadas().Add(meios);
+        auto mover = [&] {
+            meios->Objetos().IniciarLote();
+            for (TGISObjeto *o : meios->Objetos()) {
+                const TGISPosicao p = o->Posicao();
+                o->AtribuirPosicao(GISPosicao(p.Latitude + 30, p.Longitude + 30));
+            }
+            meios->Objetos().TerminarLote();
+            gis.Desenhar();
+        };
+        const double msInteiro = Medir(2, mover);
+        meios->AtribuirVolatil(true);
+        const double msVolatil = Medir(2, mover);
+        std::printf("1000 meios numa camada volatil: quadro %.2f ms, redesenho inteiro %.2f ms, razao %.3f\n", msVolatil,
+                    msInteiro, msVolatil / msInteiro);
+        gis.Camadas().Remove(meios);
+    }
+
     QImage imagem(Largura, Altura, QImage::Format_ARGB32_Premultiplied);
-    std::printf("%-10s %12s %12s %8s %16s\n", "vista", "elementos ms", "QPainter ms", "razao", "so recorte ms");
+    std::printf("%-10s %12s %12s %8s %14s %8s %16s\n", "vista", "elementos ms", "QPainter ms", "razao", "sem indice ms",
+                "razao", "so recorte ms");
     for (const int fator : {1, 8, 64}) {
         projecao.AtribuirZoom(zoomInteiro * fator);
         // Um quadro antes, para que os pontos guardem a área de desenho deste zoom (o recorte usa a
         // do último desenho, como no controle do mapa).
         DesenharPelosElementos(gis, mapa, imagem, projecao);
         const TDireto direto = Projetar(mapa, projecao);
+        gis.AtribuirUsarIndice(false);
+        const double msLinear = Medir(0, [&] { DesenharPelosElementos(gis, mapa, imagem, projecao); });
+        gis.AtribuirUsarIndice(true);
         const double ms = Medir(0, [&] { DesenharPelosElementos(gis, mapa, imagem, projecao); });
         if (!png.isEmpty()) // a extensão inteira no nome dado; os zooms com "-8x", "-64x"
             imagem.save(fator == 1 ? png : QString(png).replace(QLatin1String(".png"), QStringLiteral("-%1x.png").arg(fator)));
@@ -335,9 +472,9 @@ int main(int argc, char **argv)
         const double msRecorte = Medir(2, [&] { passam = Recortar(mapa, projecao); });
         if (fator == 1 && !pngDireto.isEmpty())
             imagem.save(pngDireto);
-        std::printf("%-10s %12.1f %12.1f %8.2f %9.1f (%d objetos passam)\n",
+        std::printf("%-10s %12.2f %12.2f %8.2f %14.2f %8.2f %9.1f (%d objetos passam)\n",
                     fator == 1 ? "inteira" : (fator == 8 ? "zoom 8x" : "zoom 64x"), ms, msDireto, ms / msDireto,
-                    msRecorte, passam);
+                    msLinear, msLinear / msDireto, msRecorte, passam);
         std::printf("   por camada (areas/linhas/pontos) elementos %.1f/%.1f/%.1f, QPainter %.1f/%.1f/%.1f\n",
                     GParcial[0][0] / Repeticoes, GParcial[0][1] / Repeticoes, GParcial[0][2] / Repeticoes,
                     GParcial[1][0] / Repeticoes, GParcial[1][1] / Repeticoes, GParcial[1][2] / Repeticoes);
