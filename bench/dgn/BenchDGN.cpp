@@ -27,14 +27,11 @@
 
 using namespace tavru;
 
+#include "MedidasDeBench.h"
+
+using namespace tavru::bench;
+
 namespace {
-
-using Relogio = std::chrono::steady_clock;
-
-double Segundos(Relogio::time_point inicio)
-{
-    return std::chrono::duration<double>(Relogio::now() - inicio).count();
-}
 
 bool GravarDesenho(const QString &caminho)
 {

@@ -31,20 +31,11 @@
 
 using namespace tavru;
 
+#include "MedidasDeBench.h"
+
+using namespace tavru::bench;
+
 namespace {
-
-using Relogio = std::chrono::steady_clock;
-
-double Segundos(Relogio::time_point inicio)
-{
-    return std::chrono::duration<double>(Relogio::now() - inicio).count();
-}
-
-double HeapEmUso()
-{
-    const struct mallinfo2 m = mallinfo2();
-    return static_cast<double>(m.uordblks + m.hblkhd);
-}
 
 constexpr int Linhas = 10000;
 constexpr int Vertices = 100;

@@ -35,21 +35,11 @@
 
 using namespace tavru;
 
+#include "MedidasDeBench.h"
+
+using namespace tavru::bench;
+
 namespace {
-
-using Relogio = std::chrono::steady_clock;
-
-double Segundos(Relogio::time_point inicio)
-{
-    return std::chrono::duration<double>(Relogio::now() - inicio).count();
-}
-
-// Memória do heap em uso (bytes), somando os blocos mapeados à parte.
-double HeapEmUso()
-{
-    const struct mallinfo2 m = mallinfo2();
-    return static_cast<double>(m.uordblks + m.hblkhd);
-}
 
 // Um campo em kB de /proc/self/status ("VmRSS", "VmHWM"), em bytes.
 double Status(const char *campo)
