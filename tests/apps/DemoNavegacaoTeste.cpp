@@ -95,16 +95,10 @@ protected:
         const QString xvfb = QStandardPaths::findExecutable(QStringLiteral("Xvfb"));
         if (xvfb.isEmpty() || xdotool.isEmpty())
             GTEST_SKIP() << "Xvfb ou xdotool não instalados";
-        servidor.start(xvfb, {"-displayfd", "1", "-screen", "0", "1280x900x24", "-nolisten", "tcp"});
-        ASSERT_TRUE(servidor.waitForStarted(10000));
-        const QString numero = EsperarLinha(servidor, 20000);
-        if (numero.isEmpty())
+        tela = IniciarXvfb(servidor, xvfb);
+        if (tela.isEmpty())
             GTEST_SKIP() << "o Xvfb não abriu uma tela";
-        tela = QStringLiteral(":") + numero;
-        QProcessEnvironment ambiente = QProcessEnvironment::systemEnvironment();
-        ambiente.remove("WAYLAND_DISPLAY");
-        ambiente.insert("DISPLAY", tela);
-        ambiente.insert("QT_QPA_PLATFORM", "xcb");
+        QProcessEnvironment ambiente = AmbienteNaTela(tela);
         ambiente.insert("TAVRU_MAPA_ESTADO", "1");
         app.setProcessEnvironment(ambiente);
         app.setProcessChannelMode(QProcess::SeparateChannels);

@@ -175,22 +175,13 @@ TEST(TavruMapa, JanelaNumXDeVerdadeMostraOMapa)
     if (xvfb.isEmpty() || xwd.isEmpty())
         GTEST_SKIP() << "Xvfb ou xwd não instalados";
 
-    // O Xvfb escolhe um número de tela livre e o escreve na saída (-displayfd 1).
     QProcess servidor;
-    servidor.start(xvfb, {"-displayfd", "1", "-screen", "0", "1280x900x24", "-nolisten", "tcp"});
-    ASSERT_TRUE(servidor.waitForStarted(10000));
-    const QString numero = EsperarLinha(servidor, 20000);
-    if (numero.isEmpty()) {
-        Encerrar(servidor);
+    const QString tela = IniciarXvfb(servidor, xvfb);
+    if (tela.isEmpty())
         GTEST_SKIP() << "o Xvfb não abriu uma tela: " << servidor.readAllStandardError().toStdString();
-    }
-    const QString tela = QStringLiteral(":") + numero;
 
-    QProcessEnvironment ambiente = AmbienteSemTela();
-    ambiente.insert("DISPLAY", tela);
-    ambiente.insert("QT_QPA_PLATFORM", "xcb");
     QProcess aplicativo;
-    aplicativo.setProcessEnvironment(ambiente);
+    aplicativo.setProcessEnvironment(AmbienteNaTela(tela));
     aplicativo.start(Aplicativo, {});
     const QString aviso = EsperarLinha(aplicativo, 30000);
     EXPECT_EQ(aviso, QStringLiteral("Mapa na tela")) << aplicativo.readAllStandardError().toStdString();

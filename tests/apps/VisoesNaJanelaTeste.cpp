@@ -46,19 +46,11 @@ TEST(TavruMapa, DocasDeCamadasESituacaoNumXDeVerdade)
     if (xvfb.isEmpty() || xwd.isEmpty())
         GTEST_SKIP() << "Xvfb ou xwd não instalados";
     QProcess servidor;
-    servidor.start(xvfb, {"-displayfd", "1", "-screen", "0", "1280x900x24", "-nolisten", "tcp"});
-    ASSERT_TRUE(servidor.waitForStarted(10000));
-    const QString numero = EsperarLinha(servidor, 20000);
-    if (numero.isEmpty()) {
-        Encerrar(servidor);
+    const QString tela = IniciarXvfb(servidor, xvfb);
+    if (tela.isEmpty())
         GTEST_SKIP() << "o Xvfb não abriu uma tela";
-    }
-    QProcessEnvironment ambiente = QProcessEnvironment::systemEnvironment();
-    ambiente.remove("WAYLAND_DISPLAY");
-    ambiente.insert("DISPLAY", QStringLiteral(":") + numero);
-    ambiente.insert("QT_QPA_PLATFORM", "xcb");
     QProcess aplicativo;
-    aplicativo.setProcessEnvironment(ambiente);
+    aplicativo.setProcessEnvironment(AmbienteNaTela(tela));
     aplicativo.start(QStringLiteral(TAVRU_MAPA), {});
     const QString aviso = EsperarLinha(aplicativo, 30000);
     EXPECT_EQ(aviso, QStringLiteral("Mapa na tela")) << aplicativo.readAllStandardError().toStdString();
