@@ -63,7 +63,7 @@ TEST(TavruMapa, DocasDeCamadasESituacaoNumXDeVerdade)
     TDocas d;
     for (int tentativa = 0; tentativa < 20 && aviso == QStringLiteral("Mapa na tela"); ++tentativa) {
         QProcess captura;
-        captura.start(xwd, {"-root", "-silent", "-display", ambiente.value("DISPLAY"), "-out", foto});
+        captura.start(xwd, {"-root", "-silent", "-display", tela, "-out", foto});
         ASSERT_TRUE(captura.waitForFinished(20000));
         QFile arquivo(foto);
         ASSERT_TRUE(arquivo.open(QIODevice::ReadOnly));
