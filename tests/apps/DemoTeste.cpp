@@ -195,13 +195,7 @@ TEST(TavruMapa, JanelaNumXDeVerdadeMostraOMapa)
     const QRect regiaoDoMapa(100, 150, 600, 450);
     TContagem c;
     for (int tentativa = 0; tentativa < 20 && aviso == QStringLiteral("Mapa na tela"); ++tentativa) {
-        QProcess captura;
-        captura.start(xwd, {"-root", "-silent", "-display", tela, "-out", foto});
-        ASSERT_TRUE(captura.waitForFinished(20000));
-        ASSERT_EQ(captura.exitCode(), 0) << captura.readAllStandardError().toStdString();
-        QFile arquivo(foto);
-        ASSERT_TRUE(arquivo.open(QIODevice::ReadOnly));
-        const QImage imagem = LerXwd(arquivo.readAll());
+        const QImage imagem = FotografarTela(xwd, tela, foto);
         ASSERT_FALSE(imagem.isNull());
         ASSERT_EQ(imagem.size(), QSize(1280, 900));
         c = Contar(imagem, regiaoDoMapa);

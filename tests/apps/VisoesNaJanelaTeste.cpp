@@ -62,12 +62,7 @@ TEST(TavruMapa, DocasDeCamadasESituacaoNumXDeVerdade)
     const QRect faixa(760, 60, 340, 690);
     TDocas d;
     for (int tentativa = 0; tentativa < 20 && aviso == QStringLiteral("Mapa na tela"); ++tentativa) {
-        QProcess captura;
-        captura.start(xwd, {"-root", "-silent", "-display", tela, "-out", foto});
-        ASSERT_TRUE(captura.waitForFinished(20000));
-        QFile arquivo(foto);
-        ASSERT_TRUE(arquivo.open(QIODevice::ReadOnly));
-        const QImage imagem = LerXwd(arquivo.readAll());
+        const QImage imagem = FotografarTela(xwd, tela, foto);
         ASSERT_FALSE(imagem.isNull());
         d = Examinar(imagem, faixa);
         if (d.Vermelhos > 40 && d.Escuros > 500)

@@ -1,8 +1,11 @@
 #pragma once
-// A fotografia da tela dos testes de ponta a ponta: ler o que o `xwd` grava.
+// A fotografia da tela dos testes de ponta a ponta: tirá-la com o `xwd` e ler o que ele grava.
 
 #include <QByteArray>
+#include <QFile>
 #include <QImage>
+#include <QProcess>
+#include <QString>
 #include <QtEndian>
 
 namespace tavru::teste {
@@ -34,6 +37,20 @@ inline QImage LerXwd(const QByteArray &d)
             imagem.setPixel(x, y, qRgb(c[0], c[1], c[2]));
         }
     return imagem;
+}
+
+/// Fotografa a tela X `tela` inteira com o `xwd` (no arquivo `foto`) e a lê; nula quando o `xwd`
+/// falhou ou a fotografia não se lê.
+inline QImage FotografarTela(const QString &xwd, const QString &tela, const QString &foto)
+{
+    QProcess captura;
+    captura.start(xwd, {"-root", "-silent", "-display", tela, "-out", foto});
+    if (!captura.waitForFinished(20000) || captura.exitCode() != 0)
+        return {};
+    QFile arquivo(foto);
+    if (!arquivo.open(QIODevice::ReadOnly))
+        return {};
+    return LerXwd(arquivo.readAll());
 }
 
 } // namespace tavru::teste
