@@ -3,6 +3,7 @@
 #include "BitmapDoRecurso_p.h"
 
 #include <tavru/control/TGis.h>
+#include <tavru/control/TLigacaoAoGis.h>
 #include <tavru/platform/TProvedorDeDialogos.h>
 
 namespace tavru {
@@ -56,6 +57,18 @@ void TGISBarraDeFerramenta::DoClicar(int indice)
         FGis->Desenhar();
     }
     Atualizar();
+}
+
+QString TGISBarraDeFerramenta::NomeDoGis() const
+{
+    return FLigacao ? FLigacao->Nome() : QString();
+}
+
+void TGISBarraDeFerramenta::AtribuirNomeDoGis(const QString &nome)
+{
+    if (!FLigacao)
+        FLigacao = new TLigacaoAoGis(*this, [this](TGis *gis) { AtribuirGis(gis); });
+    FLigacao->AtribuirNome(nome);
 }
 
 } // namespace tavru

@@ -8,6 +8,7 @@
 namespace tavru {
 
 class TGis;
+class TLigacaoAoGis;
 
 /// Barra geral de um `TGis`: dez lugares, na ordem (índice, dica, bitmap do módulo, grupo):
 ///
@@ -35,6 +36,7 @@ class TGis;
 class TAVRU_GIS_EXPORT TGISBarraDeFerramenta : public TCustomBarraDeFerramentas
 {
     Q_OBJECT
+    Q_PROPERTY(QString GIS READ NomeDoGis WRITE AtribuirNomeDoGis)
 public:
     /// Os índices dos botões.
     enum TBotao : int {
@@ -55,6 +57,12 @@ public:
     TGis *GIS() const { return FGis; }
     /// Guarda o mapa (não possuído; nulo: nenhum).
     void AtribuirGis(TGis *gis);
+    /// Extensão: o nome (`objectName`) do mapa a que um formulário liga este componente,
+    /// procurado na janela quando ele aparece (ver `TLigacaoAoGis`); vazio: nenhum.
+    QString NomeDoGis() const;
+    void AtribuirNomeDoGis(const QString &nome);
+    /// O nome que o código gerado pelo uic chama para `GIS`.
+    void setGIS(const QString &nome) { AtribuirNomeDoGis(nome); }
 
 protected:
     /// Monta os dez lugares da tabela; depois os botões 0 e 1 vão para o grupo 1 e os 4, 9 e 8
@@ -67,6 +75,7 @@ protected:
     void Notification();
 
 private:
+    TLigacaoAoGis *FLigacao = nullptr; ///< criada com o primeiro nome; filha do componente
     TGis *FGis = nullptr;
 };
 

@@ -4,6 +4,7 @@
 
 #include <tavru/companions/components/TBotaoRapido.h>
 #include <tavru/control/TGis.h>
+#include <tavru/control/TLigacaoAoGis.h>
 #include <tavru/core/TGISCamada.h>
 #include <tavru/core/TGISObjeto.h>
 #include <tavru/core/TGISProjecao.h>
@@ -186,6 +187,13 @@ void TGISBarraDeInclusao::AtribuirFlat(bool flat)
             botao->setAutoRaise(flat);
 }
 
+void TGISBarraDeInclusao::AtribuirTextosHints(const QStringList &hints)
+{
+    TStringList lista;
+    lista.AtribuirTextos(hints);
+    AtribuirHints(lista);
+}
+
 void TGISBarraDeInclusao::AtribuirHints(const TStringList &hints)
 {
     if (hints.Text() == FHints.Text())
@@ -234,6 +242,18 @@ TGISObjeto *TGISBarraDeInclusao::IncluirObjeto(const TClasseObjeto &classe, TGis
     camada.Objetos().Add(objeto.release());
     gis.SelecionarObjeto(incluido);
     return incluido;
+}
+
+QString TGISBarraDeInclusao::NomeDoGis() const
+{
+    return FLigacao ? FLigacao->Nome() : QString();
+}
+
+void TGISBarraDeInclusao::AtribuirNomeDoGis(const QString &nome)
+{
+    if (!FLigacao)
+        FLigacao = new TLigacaoAoGis(*this, [this](TGis *gis) { AtribuirGis(gis); });
+    FLigacao->AtribuirNome(nome);
 }
 
 } // namespace tavru

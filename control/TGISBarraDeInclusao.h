@@ -18,6 +18,7 @@ namespace tavru {
 
 class TBotaoRapido;
 class TGis;
+class TLigacaoAoGis;
 class TGISCamada;
 class TGISObjeto;
 
@@ -48,7 +49,9 @@ class TGISObjeto;
 class TAVRU_GIS_EXPORT TGISBarraDeInclusao : public QWidget
 {
     Q_OBJECT
+    Q_PROPERTY(QString GIS READ NomeDoGis WRITE AtribuirNomeDoGis)
     Q_PROPERTY(bool Flat READ ObterFlat WRITE AtribuirFlat)
+    Q_PROPERTY(QStringList Hints READ TextosHints WRITE AtribuirTextosHints)
 public:
     /// Uma entrada do registro: a dica, o bitmap (cópia possuída) e a classe do objeto.
     struct TRegistro
@@ -79,6 +82,12 @@ public:
     TGis *GIS() const { return FGis; }
     /// Guarda o mapa (não possuído; nulo: nenhum).
     void AtribuirGis(TGis *gis);
+    /// Extensão: o nome (`objectName`) do mapa a que um formulário liga este componente,
+    /// procurado na janela quando ele aparece (ver `TLigacaoAoGis`); vazio: nenhum.
+    QString NomeDoGis() const;
+    void AtribuirNomeDoGis(const QString &nome);
+    /// O nome que o código gerado pelo uic chama para `GIS`.
+    void setGIS(const QString &nome) { AtribuirNomeDoGis(nome); }
     /// Refaz os botões a partir do registro (os anteriores são liberados): limpa `Hints`, cria um
     /// botão por entrada e chama `RedimensionarBotoes`.
     void CriarComponentes();
@@ -103,6 +112,12 @@ public:
     /// Se o texto de `hints` difere do de `Hints`, copia-o e chama `RedimensionarBotoes`, que
     /// entrega as dicas novas aos botões.
     void AtribuirHints(const TStringList &hints);
+    /// `Hints` como lista de textos (a forma que um formulário edita).
+    QStringList TextosHints() const { return FHints.Textos(); }
+    void AtribuirTextosHints(const QStringList &hints);
+    /// Os nomes que o código gerado pelo uic chama para `Flat` e `Hints`.
+    void setFlat(bool flat) { AtribuirFlat(flat); }
+    void setHints(const QStringList &hints) { AtribuirTextosHints(hints); }
 
     /// Extensão: inclui no mapa, em `camada`, um objeto novo de `classe`: cria-o, dá-lhe a forma
     /// padrão em `ponto` (pixels, `ConfiguracaoPadrao` pela projeção do mapa, que pode perguntar ao
@@ -128,6 +143,7 @@ protected:
     void resizeEvent(QResizeEvent *evento) override;
 
 private:
+    TLigacaoAoGis *FLigacao = nullptr; ///< criada com o primeiro nome; filha do componente
     /// Quantos botões estão visíveis (não escondidos).
     int Visiveis() const;
 

@@ -5,6 +5,7 @@
 #include <tavru/core/Arredondar.h>
 
 #include <tavru/control/TGis.h>
+#include <tavru/control/TLigacaoAoGis.h>
 #include <tavru/core/TGISProjecao.h>
 #include <tavru/platform/TCanvas.h>
 
@@ -266,6 +267,18 @@ void TGISBarraDeManipulacao::Deslocar(int dx, int dy)
     const TPoint centro = projecao.ObterCentroTela();
     MoverCentro(projecao.TelaParaMundo(TPoint(centro.X + dx, centro.Y + dy)), projecao.TelaParaMundo(centro));
     FGis->Desenhar();
+}
+
+QString TGISBarraDeManipulacao::NomeDoGis() const
+{
+    return FLigacao ? FLigacao->Nome() : QString();
+}
+
+void TGISBarraDeManipulacao::AtribuirNomeDoGis(const QString &nome)
+{
+    if (!FLigacao)
+        FLigacao = new TLigacaoAoGis(*this, [this](TGis *gis) { AtribuirGis(gis); });
+    FLigacao->AtribuirNome(nome);
 }
 
 } // namespace tavru

@@ -12,6 +12,7 @@
 namespace tavru {
 
 class TGis;
+class TLigacaoAoGis;
 
 /// Estados da barra de manipulação.
 enum TBarraManipulacaoEstado : std::uint8_t {
@@ -47,6 +48,7 @@ enum TGISBotoesDaBarraDeManipulacao : std::uint8_t { btnAjustar, btnMover, btnAm
 class TAVRU_GIS_EXPORT TGISBarraDeManipulacao : public TCustomBarraDeFerramentas, public IGISMouseEvent
 {
     Q_OBJECT
+    Q_PROPERTY(QString GIS READ NomeDoGis WRITE AtribuirNomeDoGis)
 public:
     /// Fatores de zoom dos cliques, em precisão estendida (o produto com o zoom é feito nela).
     static constexpr long double FatorAmpliar = 1.2L;
@@ -69,6 +71,12 @@ public:
     TGis *GIS() const { return FGis; }
     /// Tira o registro do controle anterior, guarda `gis` e se registra nele (se não for nulo).
     void AtribuirGis(TGis *gis);
+    /// Extensão: o nome (`objectName`) do mapa a que um formulário liga este componente,
+    /// procurado na janela quando ele aparece (ver `TLigacaoAoGis`); vazio: nenhum.
+    QString NomeDoGis() const;
+    void AtribuirNomeDoGis(const QString &nome);
+    /// O nome que o código gerado pelo uic chama para `GIS`.
+    void setGIS(const QString &nome) { AtribuirNomeDoGis(nome); }
 
     TBarraManipulacaoEstado Estado() const { return FEstado; }
     /// Guarda o estado (nada acontece se é o atual), refresca a barra e abaixa o botão do estado:
@@ -118,6 +126,7 @@ protected:
     void Notification();
 
 private:
+    TLigacaoAoGis *FLigacao = nullptr; ///< criada com o primeiro nome; filha do componente
     /// Inverte o retângulo do aperto até `ate` na imagem da tela.
     void InverterRetangulo(const TPoint &ate);
     /// Leva o centro de `antes` para `depois` (posições do mundo), sem estourar 32 bits.

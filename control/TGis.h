@@ -88,6 +88,16 @@ class TAVRU_GIS_EXPORT TGis : public QWidget
     Q_PROPERTY(bool SetaNoCentroDaArea READ SetaNoCentroDaArea WRITE AtribuirSetaNoCentroDaArea)
 
 public:
+    /// Os nomes que o código gerado pelo uic chama para as propriedades que um formulário guarda
+    /// (`set` e o nome da propriedade); cada um só chama o `Atribuir...` da propriedade.
+    void setRotulos(const QStringList &nomes) { AtribuirTextosRotulos(nomes); }
+    void setColor(const QColor &cor) { AtribuirCorQt(cor); }
+    void setZoom(double zoom) { AtribuirZoom(zoom); }
+    void setCentro(const QPointF &graus) { AtribuirCentroEmGraus(graus); }
+    void setCorDoHalo(int cor) { AtribuirCorDoHalo(static_cast<TColor>(cor)); }
+    void setRotulosSemSobreposicao(bool ligada) { AtribuirRotulosSemSobreposicao(ligada); }
+    void setSetaNoCentroDaArea(bool ligada) { AtribuirSetaNoCentroDaArea(ligada); }
+
     /// Pergunta ao hospedeiro se a seleção pode mudar para `novoObjeto` (nulo: nenhum);
     /// `podeMudar` chega verdadeiro e o tratador o põe em falso para recusar.
     using TOnMudaObjetoSelecionado = std::function<void(QObject *sender, TGISObjeto *novoObjeto, bool &podeMudar)>;

@@ -1,6 +1,7 @@
 #include "TGISConfigurarCamadas.h"
 
 #include <tavru/control/TGis.h>
+#include <tavru/control/TLigacaoAoGis.h>
 #include <tavru/core/TGISCamada.h>
 #include <tavru/core/TGISCamadaList.h>
 #include <tavru/core/TGISObjetoList.h>
@@ -523,4 +524,16 @@ TGis *TGISConfigurarCamadas::GIS() const
 {
     return FGis;
 }
+QString TGISConfigurarCamadas::NomeDoGis() const
+{
+    return FLigacao ? FLigacao->Nome() : QString();
+}
+
+void TGISConfigurarCamadas::AtribuirNomeDoGis(const QString &nome)
+{
+    if (!FLigacao)
+        FLigacao = new TLigacaoAoGis(*this, [this](TGis *gis) { AtribuirGis(gis); });
+    FLigacao->AtribuirNome(nome);
+}
+
 } // namespace tavru

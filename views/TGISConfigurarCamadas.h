@@ -18,6 +18,7 @@ class QTreeWidgetItem;
 namespace tavru {
 
 class TGis;
+class TLigacaoAoGis;
 class TGISCamada;
 
 /// A operação do painel que um evento anuncia.
@@ -58,6 +59,7 @@ enum TGISOperacaoCamada {
 class TAVRU_GIS_EXPORT TGISConfigurarCamadas : public QWidget, private IGISObservador
 {
     Q_OBJECT
+    Q_PROPERTY(QString GIS READ NomeDoGis WRITE AtribuirNomeDoGis)
 public:
     /// Antes de uma operação: `camada` é a camada em jogo (em `gocInserir` e `gocImportar`, a
     /// camada nova, ainda fora do mapa); pôr `podeContinuar` em falso desiste sem mudar nada.
@@ -72,6 +74,12 @@ public:
     TGis *GIS() const;
     /// Liga o painel a `gis` (nulo: nenhum) e lista as camadas dele.
     void AtribuirGis(TGis *gis);
+    /// Extensão: o nome (`objectName`) do mapa a que um formulário liga este componente,
+    /// procurado na janela quando ele aparece (ver `TLigacaoAoGis`); vazio: nenhum.
+    QString NomeDoGis() const;
+    void AtribuirNomeDoGis(const QString &nome);
+    /// O nome que o código gerado pelo uic chama para `GIS`.
+    void setGIS(const QString &nome) { AtribuirNomeDoGis(nome); }
 
     /// Refaz a lista a partir do mapa, mantendo a camada escolhida.
     void Atualizar();
@@ -126,6 +134,7 @@ protected:
     virtual void DoDepoisDaOperacao(TGISOperacaoCamada operacao, TGISCamada *camada);
 
 private:
+    TLigacaoAoGis *FLigacao = nullptr; ///< criada com o primeiro nome; filha do componente
     class TLista;
     QPointer<TGis> FGis;
     TLista *FLista;

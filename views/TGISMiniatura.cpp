@@ -1,6 +1,7 @@
 #include "TGISMiniatura.h"
 
 #include <tavru/control/TGis.h>
+#include <tavru/control/TLigacaoAoGis.h>
 #include <tavru/core/TGISCamada.h>
 #include <tavru/core/TGISCamadaList.h>
 #include <tavru/core/TGISObjeto.h>
@@ -206,4 +207,16 @@ TGis *TGISMiniatura::GIS() const
 {
     return FGis;
 }
+QString TGISMiniatura::NomeDoGis() const
+{
+    return FLigacao ? FLigacao->Nome() : QString();
+}
+
+void TGISMiniatura::AtribuirNomeDoGis(const QString &nome)
+{
+    if (!FLigacao)
+        FLigacao = new TLigacaoAoGis(*this, [this](TGis *gis) { AtribuirGis(gis); });
+    FLigacao->AtribuirNome(nome);
+}
+
 } // namespace tavru

@@ -17,6 +17,7 @@
 namespace tavru {
 
 class TGis;
+class TLigacaoAoGis;
 class TGISCamada;
 class TGISProjecaoMercator;
 
@@ -39,6 +40,7 @@ class TGISProjecaoMercator;
 class TAVRU_GIS_EXPORT TGISMiniatura : public QWidget
 {
     Q_OBJECT
+    Q_PROPERTY(QString GIS READ NomeDoGis WRITE AtribuirNomeDoGis)
     Q_PROPERTY(QStringList Camadas READ Camadas WRITE AtribuirCamadas)
 public:
     explicit TGISMiniatura(QWidget *parent = nullptr);
@@ -47,10 +49,18 @@ public:
     TGis *GIS() const;
     /// Liga a miniatura a `gis` (nulo: nenhum).
     void AtribuirGis(TGis *gis);
+    /// Extensão: o nome (`objectName`) do mapa a que um formulário liga este componente,
+    /// procurado na janela quando ele aparece (ver `TLigacaoAoGis`); vazio: nenhum.
+    QString NomeDoGis() const;
+    void AtribuirNomeDoGis(const QString &nome);
+    /// O nome que o código gerado pelo uic chama para `GIS`.
+    void setGIS(const QString &nome) { AtribuirNomeDoGis(nome); }
 
     /// Os nomes das camadas mostradas (sem diferenciar maiúsculas); vazio: todas.
     QStringList Camadas() const { return FNomes; }
     void AtribuirCamadas(const QStringList &nomes);
+    /// O nome que o código gerado pelo uic chama para `Camadas`.
+    void setCamadas(const QStringList &nomes) { AtribuirCamadas(nomes); }
 
     /// Cor do retângulo da visão principal. Padrão: vermelho.
     TColor CorDoRetangulo() const { return FCorDoRetangulo; }
@@ -73,6 +83,7 @@ protected:
     QSize sizeHint() const override { return {220, 180}; }
 
 private:
+    TLigacaoAoGis *FLigacao = nullptr; ///< criada com o primeiro nome; filha do componente
     struct TMarca
     {
         const TGISCamada *Camada;

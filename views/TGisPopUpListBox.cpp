@@ -1,6 +1,7 @@
 #include <tavru/views/TGisPopUpListBox.h>
 
 #include <tavru/control/TGis.h>
+#include <tavru/control/TLigacaoAoGis.h>
 #include <tavru/core/TGISCamadaList.h>
 
 namespace tavru {
@@ -57,6 +58,18 @@ void TGisPopUpListBox::DoClickObjeto(TGISObjeto *objeto)
 {
     if (OnClickObjeto)
         OnClickObjeto(this, objeto);
+}
+
+QString TGisPopUpListBox::NomeDoGis() const
+{
+    return FLigacao ? FLigacao->Nome() : QString();
+}
+
+void TGisPopUpListBox::AtribuirNomeDoGis(const QString &nome)
+{
+    if (!FLigacao)
+        FLigacao = new TLigacaoAoGis(*this, [this](TGis *gis) { AtribuirGis(gis); });
+    FLigacao->AtribuirNome(nome);
 }
 
 } // namespace tavru

@@ -11,6 +11,7 @@
 namespace tavru {
 
 class TGis;
+class TLigacaoAoGis;
 class TGISObjeto;
 
 /// Lista instantânea ligada a um `TGis` como ferramenta (`IGISMouseEvent`): a cada clique no mapa
@@ -29,6 +30,7 @@ class TGISObjeto;
 class TAVRU_GIS_EXPORT TGisPopUpListBox : public TPopUpListBox, public IGISMouseEvent
 {
     Q_OBJECT
+    Q_PROPERTY(QString GIS READ NomeDoGis WRITE AtribuirNomeDoGis)
 public:
     /// O evento da escolha de um objeto.
     using TOnClickObjeto = std::function<void(QObject *sender, TGISObjeto *objeto)>;
@@ -40,6 +42,12 @@ public:
     TGis *GIS() const { return FGis; }
     /// Tira o registro do mapa anterior, guarda `gis` e se registra nele (se não for nulo).
     void AtribuirGis(TGis *gis);
+    /// Extensão: o nome (`objectName`) do mapa a que um formulário liga este componente,
+    /// procurado na janela quando ele aparece (ver `TLigacaoAoGis`); vazio: nenhum.
+    QString NomeDoGis() const;
+    void AtribuirNomeDoGis(const QString &nome);
+    /// O nome que o código gerado pelo uic chama para `GIS`.
+    void setGIS(const QString &nome) { AtribuirNomeDoGis(nome); }
 
     /// Com um mapa: enche a lista com os objetos sob `ponto` e, havendo algum, aparece ali.
     void GISMouseClick(const TPoint &ponto) override;
@@ -57,6 +65,7 @@ protected:
     void Notification();
 
 private:
+    TLigacaoAoGis *FLigacao = nullptr; ///< criada com o primeiro nome; filha do componente
     TGis *FGis = nullptr;
 };
 
