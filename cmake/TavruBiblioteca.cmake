@@ -40,8 +40,8 @@ function(tavru_biblioteca alvo)
     $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
   target_link_libraries(${alvo} PUBLIC ${A_LIGA})
   install(TARGETS ${alvo} EXPORT TavruGisTargets
-          LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
-          ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
+          LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} NAMELINK_COMPONENT dev
+          ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT dev
           RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
   _tavru_instalar_cabecalhos(${A_PASTA})
 endfunction()
@@ -63,7 +63,7 @@ function(_tavru_instalar_cabecalhos pasta)
   tavru_raiz_de_inclusao(${pasta})
   file(GLOB cabecalhos ${PROJECT_SOURCE_DIR}/${pasta}/*.h)
   list(FILTER cabecalhos EXCLUDE REGEX "_p\\.h$")
-  install(FILES ${cabecalhos} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/tavru/${pasta})
+  install(FILES ${cabecalhos} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/tavru/${pasta} COMPONENT dev)
 endfunction()
 
 # tavru_raiz_de_inclusao(<pasta>): põe <pasta> da fonte em ${TAVRU_INCLUDE_RAIZ}/tavru/<pasta>.
