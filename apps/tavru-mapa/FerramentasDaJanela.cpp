@@ -17,7 +17,6 @@
 #include <QEvent>
 #include <QMainWindow>
 #include <QStatusBar>
-#include <QToolBar>
 #include <cmath>
 #include <cstdio>
 
@@ -34,31 +33,21 @@ const TColor CoresDeFundo[] = {RGB(170, 205, 235), RGB(255, 255, 255), RGB(225, 
 /// Um arrasto de mais que isto (pixels) ao editar não é clique, como o do mapa.
 constexpr int ArrasteDeEdicao = TGISBarraDeManipulacao::ArrasteParaMover;
 
-QToolBar *NovaBarra(QMainWindow &janela, const QString &nome, QWidget *conteudo)
-{
-    QToolBar *barra = janela.addToolBar(nome);
-    barra->setObjectName(nome);
-    barra->setMovable(false);
-    barra->addWidget(conteudo);
-    return barra;
-}
-
 } // namespace
 
 TFerramentasDaJanela::TFerramentasDaJanela(QMainWindow &janela, TGis &gis, TGISBarraDeManipulacao &manipulacao,
-                                           TVisualizadorInformacoes &visualizador)
+                                           TGISBarraDeFerramenta &geral, TGISBarraDeInclusao &inclusao,
+                                           TGisPopUpListBox &lista, TVisualizadorInformacoes &visualizador)
     : QObject(&janela),
       FJanela(janela),
       FGis(gis),
       FManipulacao(manipulacao),
       FVisualizador(visualizador),
-      FGeral(new TGISBarraDeFerramenta(&janela)),
-      FInclusao(new TGISBarraDeInclusao(&janela)),
-      FLista(new TGisPopUpListBox(&janela)),
+      FGeral(&geral),
+      FInclusao(&inclusao),
+      FLista(&lista),
       FRelatar(!qEnvironmentVariableIsEmpty("TAVRU_MAPA_ESTADO"))
 {
-    NovaBarra(janela, QStringLiteral("Ferramentas"), FGeral);
-    NovaBarra(janela, QStringLiteral("Inclusão"), FInclusao);
     FGeral->AtribuirGis(&gis);
     FInclusao->AtribuirGis(&gis);
     FManipulacao.AtribuirArrastarParaMover(true);

@@ -20,8 +20,8 @@ class TGISBarraDeManipulacao;
 class TGisPopUpListBox;
 class TVisualizadorInformacoes;
 
-/// Põe na janela a barra geral e a de inclusão (ao lado da de manipulação) e a lista instantânea
-/// de objetos, liga o arrasto para mover da barra de manipulação e a barra de escala do mapa, e
+/// Com a barra geral, a de inclusão e a lista instantânea de objetos que a janela lhe dá (do
+/// formulário dela), liga o arrasto para mover da barra de manipulação e a barra de escala do mapa, e
 /// observa os botões (as barras, de propósito, não fazem isso sozinhas):
 ///
 /// - "Interrogar" (abaixado): um clique seleciona o objeto rotulado de cima e o visualizador mostra
@@ -44,6 +44,7 @@ class TFerramentasDaJanela : public QObject, public IGISMouseEvent
     Q_OBJECT
 public:
     TFerramentasDaJanela(QMainWindow &janela, TGis &gis, TGISBarraDeManipulacao &manipulacao,
+                         TGISBarraDeFerramenta &geral, TGISBarraDeInclusao &inclusao, TGisPopUpListBox &lista,
                          TVisualizadorInformacoes &visualizador);
     ~TFerramentasDaJanela() override;
 

@@ -7,6 +7,7 @@
 #include "MapaEmbutido.h"
 #include "MenuDoMapa.h"
 #include "TJanelaDeSimbolos.h"
+#include "ui_TJanelaMapa.h"
 
 #include <tavru/companions/components/TVisualizadorInformacoes.h>
 #include <tavru/companions/geodesy/TextoGeodesico.h>
@@ -25,24 +26,21 @@
 #include <QLocale>
 #include <QMenuBar>
 #include <QStatusBar>
-#include <QToolBar>
 
 namespace tavru {
 
 TJanelaMapa::TJanelaMapa(QWidget *parent)
     : QMainWindow(parent),
-      FGis(new TGis(this)),
-      FBarra(new TGISBarraDeManipulacao(this)),
+      FUi(std::make_unique<Ui::TJanelaMapa>()),
       FVisualizador(new TVisualizadorInformacoes(this)),
       FPosicao(new QLabel(this)),
       FZoom(new QLabel(this))
 {
-    setWindowTitle(QStringLiteral("Tavru GIS — mapa de demonstração"));
-    setCentralWidget(FGis);
-
-    auto *ferramentas = addToolBar(QStringLiteral("Manipulação"));
-    ferramentas->setMovable(false);
-    ferramentas->addWidget(FBarra);
+    // O formulário põe o mapa e as barras; as barras se ligam ao mapa pela propriedade GIS, e a
+    // de manipulação já agora, porque as ferramentas da janela contam com ela ligada.
+    FUi->setupUi(this);
+    FGis = FUi->gis;
+    FBarra = FUi->barraDeManipulacao;
     FBarra->AtribuirGis(FGis);
 
     auto *doca = new QDockWidget(QStringLiteral("Informações"), this);
@@ -74,7 +72,8 @@ TJanelaMapa::TJanelaMapa(QWidget *parent)
 
     MontarMapaEmbutido(*FGis);
     FGis->RegistrarMouseEvent(this);
-    FFerramentas = new TFerramentasDaJanela(*this, *FGis, *FBarra, *FVisualizador);
+    FFerramentas = new TFerramentasDaJanela(*this, *FGis, *FBarra, *FUi->barraGeral, *FUi->barraDeInclusao,
+                                            *FUi->listaDeObjetos, *FVisualizador);
     exibir->addAction((new TJanelaDeSimbolos(FGis, this))->toggleViewAction());
     MontarDocasDeVisoes(*this, *FGis, *exibir);
     FGis->Zerado();

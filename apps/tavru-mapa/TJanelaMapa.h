@@ -6,8 +6,13 @@
 #include <tavru/control/IGISMouseEvent.h>
 
 #include <QMainWindow>
+#include <memory>
 
 class QLabel;
+
+namespace Ui {
+class TJanelaMapa;
+}
 
 namespace tavru {
 
@@ -16,7 +21,8 @@ class TGis;
 class TGISBarraDeManipulacao;
 class TVisualizadorInformacoes;
 
-/// Janela com o mapa no centro, a barra de manipulação em cima, o visualizador de informações numa
+/// Janela com o mapa no centro, as barras de manipulação, geral e de inclusão em cima (o formulário
+/// TJanelaMapa.ui, feito com os componentes da caixa "GIS" do Qt Designer), o visualizador de informações numa
 /// doca à direita, o menu Arquivo (abrir um documento numa camada nova, salvar uma camada) e, na
 /// barra de estado, a latitude e a longitude sob o cursor (atualizadas a cada movimento, zoom e
 /// deslocamento, pelos sinais do mapa) e o zoom.
@@ -60,6 +66,7 @@ private:
     /// O zoom na barra de estado.
     void MostrarZoom();
 
+    std::unique_ptr<Ui::TJanelaMapa> FUi; ///< o formulário: o mapa, as barras e a lista de objetos
     TGis *FGis;
     TGISBarraDeManipulacao *FBarra;
     TVisualizadorInformacoes *FVisualizador;
