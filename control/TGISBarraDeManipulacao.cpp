@@ -29,6 +29,9 @@ TGISBarraDeManipulacao::~TGISBarraDeManipulacao()
 
 void TGISBarraDeManipulacao::AtribuirGis(TGis *gis)
 {
+    // O mesmo mapa: nada muda, nem a ordem das ferramentas registradas nele.
+    if (FGis == gis)
+        return;
     if (FGis) {
         FGis->RemoverRegistroMouseEvent(this);
         disconnect(FGis, &TGis::Destruindo, this, &TGISBarraDeManipulacao::Notification);

@@ -70,6 +70,7 @@ public:
 
     TGis *GIS() const { return FGis; }
     /// Tira o registro do controle anterior, guarda `gis` e se registra nele (se não for nulo).
+    /// O mesmo controle de novo não muda nada (a ordem das ferramentas nele fica).
     void AtribuirGis(TGis *gis);
     /// Extensão: o nome (`objectName`) do mapa a que um formulário liga este componente,
     /// procurado na janela quando ele aparece (ver `TLigacaoAoGis`); vazio: nenhum.

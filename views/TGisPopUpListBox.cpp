@@ -15,6 +15,9 @@ TGisPopUpListBox::~TGisPopUpListBox()
 
 void TGisPopUpListBox::AtribuirGis(TGis *gis)
 {
+    // O mesmo mapa: nada muda, nem a ordem das ferramentas registradas nele.
+    if (FGis == gis)
+        return;
     if (FGis) {
         FGis->RemoverRegistroMouseEvent(this);
         disconnect(FGis, &TGis::Destruindo, this, &TGisPopUpListBox::Notification);

@@ -41,6 +41,7 @@ public:
 
     TGis *GIS() const { return FGis; }
     /// Tira o registro do mapa anterior, guarda `gis` e se registra nele (se não for nulo).
+    /// O mesmo mapa de novo não muda nada (a ordem das ferramentas nele fica).
     void AtribuirGis(TGis *gis);
     /// Extensão: o nome (`objectName`) do mapa a que um formulário liga este componente,
     /// procurado na janela quando ele aparece (ver `TLigacaoAoGis`); vazio: nenhum.

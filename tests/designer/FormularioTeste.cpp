@@ -123,4 +123,20 @@ TEST(Formulario, LigacaoPeloNome)
     barra->AtribuirNomeDoGis(QStringLiteral("mapaPrincipal"));
     QApplication::processEvents();
     EXPECT_EQ(barra->GIS(), novo);
+
+    // Ligada em código e pelo nome ao mesmo mapa (como a janela da demonstração), com outra
+    // ferramenta registrada entre as duas ligações: a barra fica onde estava na ordem das
+    // ferramentas, e a lista instantânea também (reinscrita depois das outras, um arrasto era
+    // tratado em dobro).
+    auto *lista = new TGisPopUpListBox(&janela);
+    lista->AtribuirGis(novo);
+    auto *segunda = new TGISBarraDeManipulacao(painel);
+    segunda->AtribuirGis(novo);
+    const std::vector<IGISMouseEvent *> ordem = novo->MouseEvents();
+    ASSERT_EQ(ordem.size(), 3u);
+    lista->AtribuirNomeDoGis(QStringLiteral("mapaPrincipal"));
+    barra->AtribuirGis(novo);
+    barra->AtribuirNomeDoGis(QStringLiteral("mapaPrincipal"));
+    QApplication::processEvents();
+    EXPECT_EQ(novo->MouseEvents(), ordem);
 }
