@@ -1,0 +1,71 @@
+#include "GdalComum_p.h"
+
+#include <tavru/core/Arredondar.h>
+
+#include <cpl_error.h>
+#include <gdal.h>
+#include <ogr_spatialref.h>
+
+#include <QFile>
+#include <algorithm>
+#include <cmath>
+#include <mutex>
+
+namespace tavru::gdal {
+
+void IniciarGdal()
+{
+    static std::once_flag feito;
+    std::call_once(feito, [] { GDALAllRegister(); });
+}
+
+TSilenciarGdal::TSilenciarGdal()
+{
+    CPLPushErrorHandler(CPLQuietErrorHandler);
+    CPLErrorReset();
+}
+
+TSilenciarGdal::~TSilenciarGdal()
+{
+    CPLPopErrorHandler();
+}
+
+QString TSilenciarGdal::Motivo(const QString &padrao)
+{
+    const char *m = CPLGetLastErrorMsg();
+    if (!m || !*m)
+        return padrao;
+    QString texto = QString::fromUtf8(m).simplified();
+    if (texto.size() > 200)
+        texto = texto.left(200) + QStringLiteral("...");
+    return texto;
+}
+
+QByteArray NomeParaGdal(const QString &nome)
+{
+    return QFile::encodeName(nome);
+}
+
+const OGRSpatialReference &Wgs84()
+{
+    static const OGRSpatialReference srs = [] {
+        OGRSpatialReference s;
+        s.SetWellKnownGeogCS("WGS84");
+        s.SetAxisMappingStrategy(OAMS_TRADITIONAL_GIS_ORDER);
+        return s;
+    }();
+    return srs;
+}
+
+bool GrausParaSegundos(double longitude, double latitude, int &lonSegundos, int &latSegundos)
+{
+    constexpr double Folga = 1e-6;
+    if (!(longitude >= -180.0 - Folga && longitude <= 180.0 + Folga && latitude >= -90.0 - Folga
+          && latitude <= 90.0 + Folga))
+        return false;
+    lonSegundos = std::clamp(Arredondar(longitude * 3600.0), -648000, 648000);
+    latSegundos = std::clamp(Arredondar(latitude * 3600.0), -324000, 324000);
+    return true;
+}
+
+} // namespace tavru::gdal

@@ -1,0 +1,37 @@
+#pragma once
+// O que os tratadores do GDAL dividem: a carga dos drivers, os erros do GDAL em silêncio (lidos
+// depois, para a mensagem), nomes de arquivo para o GDAL e o sistema de latitude e longitude.
+
+#include <QByteArray>
+#include <QString>
+
+class OGRSpatialReference;
+
+namespace tavru::gdal {
+
+/// Registra os drivers do GDAL uma vez por processo.
+void IniciarGdal();
+
+/// Enquanto vive, os erros do GDAL não vão para a saída de erros (ficam para `Motivo`).
+class TSilenciarGdal
+{
+public:
+    TSilenciarGdal();
+    ~TSilenciarGdal();
+    TSilenciarGdal(const TSilenciarGdal &) = delete;
+    TSilenciarGdal &operator=(const TSilenciarGdal &) = delete;
+    /// A última mensagem de erro do GDAL, ou `padrao` quando não há.
+    static QString Motivo(const QString &padrao);
+};
+
+/// O nome como o GDAL o quer (UTF-8).
+QByteArray NomeParaGdal(const QString &nome);
+
+/// O WGS 84 geográfico, com longitude em x e latitude em y.
+const OGRSpatialReference &Wgs84();
+
+/// Graus para segundos de arco arredondados; falso fora de ±180/±90 (com uma folga de
+/// arredondamento, cortada no limite) ou não finito.
+bool GrausParaSegundos(double longitude, double latitude, int &lonSegundos, int &latSegundos);
+
+} // namespace tavru::gdal
