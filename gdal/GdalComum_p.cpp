@@ -3,9 +3,11 @@
 #include <tavru/core/Arredondar.h>
 
 #include <cpl_error.h>
+#include <cpl_vsi.h>
 #include <gdal.h>
 #include <ogr_spatialref.h>
 
+#include <QAtomicInteger>
 #include <QFile>
 #include <algorithm>
 #include <cmath>
@@ -55,6 +57,28 @@ const OGRSpatialReference &Wgs84()
         return s;
     }();
     return srs;
+}
+
+TArquivoEmMemoria::TArquivoEmMemoria(const QString &extensao, const QByteArray &bytes)
+{
+    static QAtomicInteger<quint64> contador;
+    FNome = QStringLiteral("/vsimem/tavru_%1.%2").arg(contador.fetchAndAddRelaxed(1)).arg(extensao).toUtf8();
+    if (!bytes.isNull())
+        VSIFCloseL(VSIFileFromMemBuffer(FNome.constData(),
+                                        reinterpret_cast<GByte *>(const_cast<char *>(bytes.constData())),
+                                        static_cast<vsi_l_offset>(bytes.size()), FALSE));
+}
+
+TArquivoEmMemoria::~TArquivoEmMemoria()
+{
+    VSIUnlink(FNome.constData());
+}
+
+QByteArray TArquivoEmMemoria::Bytes() const
+{
+    vsi_l_offset tamanho = 0;
+    const GByte *dados = VSIGetMemFileBuffer(FNome.constData(), &tamanho, FALSE);
+    return dados ? QByteArray(reinterpret_cast<const char *>(dados), static_cast<qsizetype>(tamanho)) : QByteArray();
 }
 
 bool GrausParaSegundos(double longitude, double latitude, int &lonSegundos, int &latSegundos)

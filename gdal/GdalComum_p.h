@@ -30,6 +30,23 @@ QByteArray NomeParaGdal(const QString &nome);
 /// O WGS 84 geográfico, com longitude em x e latitude em y.
 const OGRSpatialReference &Wgs84();
 
+/// Um arquivo do GDAL em memória (/vsimem/), com um nome único e a extensão dada, apagado no fim.
+/// Com `bytes`, o arquivo é esses bytes (não copiados: `bytes` tem de viver mais que ele).
+class TArquivoEmMemoria
+{
+public:
+    explicit TArquivoEmMemoria(const QString &extensao, const QByteArray &bytes = QByteArray());
+    ~TArquivoEmMemoria();
+    TArquivoEmMemoria(const TArquivoEmMemoria &) = delete;
+    TArquivoEmMemoria &operator=(const TArquivoEmMemoria &) = delete;
+    const char *Nome() const { return FNome.constData(); }
+    /// Uma cópia do conteúdo atual.
+    QByteArray Bytes() const;
+
+private:
+    QByteArray FNome;
+};
+
 /// Graus para segundos de arco arredondados; falso fora de ±180/±90 (com uma folga de
 /// arredondamento, cortada no limite) ou não finito.
 bool GrausParaSegundos(double longitude, double latitude, int &lonSegundos, int &latSegundos);

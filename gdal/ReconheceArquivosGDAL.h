@@ -20,7 +20,20 @@
 /// um GeoTIFF em qualquer sistema de coordenadas.
 ///
 /// A carga não chama o GDAL; os drivers são registrados no primeiro uso.
+///
+/// Um programa que só quer os registros e não usa nenhuma classe da biblioteca chama
+/// `VersaoDoGdal()` (por exemplo, para mostrá-la): sem nenhum símbolo usado, o ligador pode deixar
+/// a biblioteca de fora (`--as-needed`), e nada seria registrado.
 
 #include <tavru/gdal/TGISImagemGDAL.h>
 #include <tavru/gdal/TTratadorDeArquivosOGR.h>
 #include <tavru/gdal/TTratadorDeImagensGDAL.h>
+
+#include <QString>
+
+namespace tavru {
+
+/// A versão do GDAL com que a biblioteca roda ("3.6.2").
+TAVRU_GDAL_EXPORT QString VersaoDoGdal();
+
+} // namespace tavru

@@ -4,14 +4,17 @@
 // estático.
 
 #include "FonteGDAL_p.h"
+#include "GdalComum_p.h"
 
 #include <tavru/companions/geodesy/TFileFormatList.h>
 #include <tavru/core/TRegistraTratador.h>
-#include <tavru/gdal/TTratadorDeArquivosOGR.h>
+#include <tavru/gdal/ReconheceArquivosGDAL.h>
 #include <tavru/gdal/TTratadorDeImagensGDAL.h>
 #include <tavru/platform/Exception.h>
 
-#include <QFileDevice>
+#include <gdal.h>
+
+#include <QIODevice>
 #include <QtGlobal>
 
 namespace tavru {
@@ -40,6 +43,7 @@ const TRegistraTratador OutrasFiguras(QStringLiteral("Outras figuras georreferen
                                       Filtro("Outras figuras georreferenciadas", "*.*"), QString());
 
 constexpr int LadoDoGeoTIFF = 2048;
+constexpr qint64 LimiteDoFluxo = qint64(256) << 20;
 
 // O formato GeoTIFF da lista de formatos de figura.
 class TRegistroGeoTIFF
@@ -52,13 +56,20 @@ public:
             formato.Extensoes = {QStringLiteral("tif"), QStringLiteral("tiff")};
             formato.Descricao = QStringLiteral("GeoTIFF");
             formato.Ler = [](QIODevice &fluxo, const std::function<void(QSize)> &conferir) {
-                auto *arquivo = qobject_cast<QFileDevice *>(&fluxo);
-                if (!arquivo)
-                    throw EInOutError(QStringLiteral("O GeoTIFF só se lê de um arquivo."));
-                const gdal::TFonteGDAL fonte(arquivo->fileName());
+                // O fluxo vem aberto (às vezes sem nome): os bytes vão para um arquivo em memória
+                // do GDAL, até o limite das figuras da imagem comum.
+                const qint64 tamanho = fluxo.size();
+                if (tamanho > LimiteDoFluxo)
+                    throw EInOutError(QStringLiteral("O GeoTIFF tem %1 MB, mais que os %2 MB que a imagem comum lê; "
+                                                     "abra-o pelo tratador \"GeoTIFF\".")
+                                          .arg(tamanho >> 20)
+                                          .arg(LimiteDoFluxo >> 20));
+                const QByteArray bytes = fluxo.readAll();
+                const gdal::TArquivoEmMemoria memoria(QStringLiteral("tif"), bytes);
+                const gdal::TFonteGDAL fonte(QString::fromUtf8(memoria.Nome()));
                 const QImage previa = fonte.Previa(LadoDoGeoTIFF);
                 if (previa.isNull())
-                    throw EInOutError(QStringLiteral("A figura \"%1\" não se lê pelo GDAL.").arg(arquivo->fileName()));
+                    throw EInOutError(QStringLiteral("O GeoTIFF não se lê pelo GDAL."));
                 conferir(previa.size());
                 return previa;
             };
@@ -83,4 +94,9 @@ private:
 const TRegistroGeoTIFF RegistroGeoTIFF;
 
 } // namespace
+QString VersaoDoGdal()
+{
+    return QString::fromLatin1(GDALVersionInfo("RELEASE_NAME"));
+}
+
 } // namespace tavru

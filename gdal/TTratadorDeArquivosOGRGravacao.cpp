@@ -12,11 +12,9 @@
 #include <tavru/platform/Exception.h>
 
 #include <cpl_error.h>
-#include <cpl_vsi.h>
 #include <gdal_priv.h>
 #include <ogrsf_frmts.h>
 
-#include <QAtomicInteger>
 #include <QFileInfo>
 #include <QHash>
 #include <QStringList>
@@ -111,30 +109,6 @@ std::unique_ptr<OGRGeometry> Geometria(const TGISObjeto &o, TGeometriaGravada fo
         multi->addGeometryDirectly(g);
     return multi;
 }
-
-// Um arquivo do GDAL em memória, apagado no fim.
-class TArquivoEmMemoria
-{
-public:
-    explicit TArquivoEmMemoria(const QString &extensao)
-    {
-        static QAtomicInteger<quint64> contador;
-        FNome = QStringLiteral("/vsimem/tavru_gravacao_%1.%2").arg(contador.fetchAndAddRelaxed(1)).arg(extensao).toUtf8();
-    }
-    ~TArquivoEmMemoria() { VSIUnlink(FNome.constData()); }
-    TArquivoEmMemoria(const TArquivoEmMemoria &) = delete;
-    TArquivoEmMemoria &operator=(const TArquivoEmMemoria &) = delete;
-    const char *Nome() const { return FNome.constData(); }
-    QByteArray Bytes() const
-    {
-        vsi_l_offset tamanho = 0;
-        const GByte *dados = VSIGetMemFileBuffer(FNome.constData(), &tamanho, FALSE);
-        return dados ? QByteArray(reinterpret_cast<const char *>(dados), static_cast<qsizetype>(tamanho)) : QByteArray();
-    }
-
-private:
-    QByteArray FNome;
-};
 
 } // namespace
 
