@@ -79,7 +79,7 @@ TFonteGDAL::TFonteGDAL(const QString &nome)
         FSul = gt[3] + FAltura * gt[5];
         if (FNorte < FSul)
             std::swap(FNorte, FSul);
-        int a, b;
+        std::int32_t a, b;
         if (!(FLargura > 0 && FAltura > 0 && GrausParaSegundos(FOeste, FNorte, a, b)
               && GrausParaSegundos(FLeste, FSul, a, b)))
             throw EInOutError(Mensagem(nome, QStringLiteral("a figura cai fora de ±180/±90 graus")));

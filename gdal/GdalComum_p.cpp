@@ -1,7 +1,5 @@
 #include "GdalComum_p.h"
 
-#include <tavru/core/Arredondar.h>
-
 #include <cpl_error.h>
 #include <cpl_vsi.h>
 #include <gdal.h>
@@ -79,17 +77,6 @@ QByteArray TArquivoEmMemoria::Bytes() const
     vsi_l_offset tamanho = 0;
     const GByte *dados = VSIGetMemFileBuffer(FNome.constData(), &tamanho, FALSE);
     return dados ? QByteArray(reinterpret_cast<const char *>(dados), static_cast<qsizetype>(tamanho)) : QByteArray();
-}
-
-bool GrausParaSegundos(double longitude, double latitude, int &lonSegundos, int &latSegundos)
-{
-    constexpr double Folga = 1e-6;
-    if (!(longitude >= -180.0 - Folga && longitude <= 180.0 + Folga && latitude >= -90.0 - Folga
-          && latitude <= 90.0 + Folga))
-        return false;
-    lonSegundos = std::clamp(Arredondar(longitude * 3600.0), -648000, 648000);
-    latSegundos = std::clamp(Arredondar(latitude * 3600.0), -324000, 324000);
-    return true;
 }
 
 } // namespace tavru::gdal

@@ -2,8 +2,12 @@
 // O que os tratadores do GDAL dividem: a carga dos drivers, os erros do GDAL em silêncio (lidos
 // depois, para a mensagem), nomes de arquivo para o GDAL e o sistema de latitude e longitude.
 
+#include <tavru/core/Arredondar.h>
+
 #include <QByteArray>
 #include <QString>
+#include <algorithm>
+#include <cstdint>
 
 class OGRSpatialReference;
 
@@ -48,7 +52,16 @@ private:
 };
 
 /// Graus para segundos de arco arredondados; falso fora de ±180/±90 (com uma folga de
-/// arredondamento, cortada no limite) ou não finito.
-bool GrausParaSegundos(double longitude, double latitude, int &lonSegundos, int &latSegundos);
+/// arredondamento, cortada no limite) ou não finito. Em linha: roda uma vez por vértice.
+inline bool GrausParaSegundos(double longitude, double latitude, std::int32_t &lonSegundos, std::int32_t &latSegundos)
+{
+    constexpr double Folga = 1e-6;
+    if (!(longitude >= -180.0 - Folga && longitude <= 180.0 + Folga && latitude >= -90.0 - Folga
+          && latitude <= 90.0 + Folga))
+        return false;
+    lonSegundos = std::clamp(Arredondar(longitude * 3600.0), -648000, 648000);
+    latSegundos = std::clamp(Arredondar(latitude * 3600.0), -324000, 324000);
+    return true;
+}
 
 } // namespace tavru::gdal

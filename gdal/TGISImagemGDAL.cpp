@@ -77,7 +77,7 @@ void TGISImagemGDAL::Abrir(const QString &nome)
     }
     FFonte = std::move(fonte);
     FSerie = NovaSerie();
-    int oeste, norte, leste, sul;
+    std::int32_t oeste = 0, norte = 0, leste = 0, sul = 0;
     gdal::GrausParaSegundos(FFonte->Oeste(), FFonte->Norte(), oeste, norte);
     gdal::GrausParaSegundos(FFonte->Leste(), FFonte->Sul(), leste, sul);
     AtribuirImagem(previa);

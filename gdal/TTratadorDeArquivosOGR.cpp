@@ -249,8 +249,8 @@ void TTratadorDeArquivosOGR::Ler(const QString &nomeArquivo)
         throw EFilerError(QStringLiteral("Nenhum objeto reconhecido em \"%1\" (nenhuma feição com pontos, linhas ou "
                                          "polígonos).")
                               .arg(nome));
-    rascunho.CalcularLimites();
     Lista().Transferir(rascunho);
+    Lista().CalcularLimites();
 }
 
 bool TTratadorDeArquivosOGR::Reconhece(QIODevice &fluxo)
