@@ -5,7 +5,13 @@
 #include <gdal.h>
 #include <ogr_spatialref.h>
 
+#include <tavru/core/TGISObjetoList.h>
+#include <tavru/gdal/TTratadorDeArquivosOGR.h>
+#include <tavru/gdal/TTratadorDeImagensGDAL.h>
+
 #include <QAtomicInteger>
+#include <QFileInfo>
+#include <QRegularExpression>
 #include <QFile>
 #include <algorithm>
 #include <cmath>
@@ -55,6 +61,27 @@ const OGRSpatialReference &Wgs84()
         return s;
     }();
     return srs;
+}
+
+bool OutroTratadorPede(const QString &arquivo)
+{
+    const QString nome = QFileInfo(arquivo).fileName();
+    for (const TRegistro &r : TGISObjetoList::ObterRegistro()) {
+        if (!r.Classe || *r.Classe == TTratadorDeArquivosOGR::Classe || *r.Classe == TTratadorDeImagensGDAL::Classe)
+            continue;
+        QString padroes = r.FiltroLeitura.mid(r.FiltroLeitura.indexOf(QLatin1Char('|')) + 1);
+        padroes.truncate(padroes.indexOf(QLatin1Char('|')) < 0 ? padroes.size() : padroes.indexOf(QLatin1Char('|')));
+        for (const QString &p : padroes.split(QLatin1Char(';'), Qt::SkipEmptyParts)) {
+            const QString padrao = p.trimmed();
+            if (padrao == QLatin1String("*.*") || padrao == QLatin1String("*"))
+                continue;
+            const QRegularExpression re(QRegularExpression::wildcardToRegularExpression(padrao),
+                                        QRegularExpression::CaseInsensitiveOption);
+            if (re.match(nome).hasMatch())
+                return true;
+        }
+    }
+    return false;
 }
 
 TArquivoEmMemoria::TArquivoEmMemoria(const QString &extensao, const QByteArray &bytes)

@@ -34,6 +34,11 @@ QByteArray NomeParaGdal(const QString &nome);
 /// O WGS 84 geográfico, com longitude em x e latitude em y.
 const OGRSpatialReference &Wgs84();
 
+/// Verdadeiro quando outro tratador do registro (de uma classe que não é dos tratadores do GDAL)
+/// tem um padrão de leitura específico (não "*.*") que casa com o nome do arquivo: os tipos "*.*"
+/// do GDAL cedem a ele (um ".dgn" fica com o plug-in DGN, registrado depois desta biblioteca).
+bool OutroTratadorPede(const QString &arquivo);
+
 /// Um arquivo do GDAL em memória (/vsimem/), com um nome único e a extensão dada, apagado no fim.
 /// Com `bytes`, o arquivo é esses bytes (não copiados: `bytes` tem de viver mais que ele).
 class TArquivoEmMemoria

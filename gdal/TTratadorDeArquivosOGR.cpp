@@ -256,7 +256,7 @@ void TTratadorDeArquivosOGR::Ler(const QString &nomeArquivo)
 bool TTratadorDeArquivosOGR::Reconhece(QIODevice &fluxo)
 {
     auto *arquivo = qobject_cast<QFileDevice *>(&fluxo);
-    if (!arquivo || arquivo->fileName().isEmpty())
+    if (!arquivo || arquivo->fileName().isEmpty() || OutroTratadorPede(arquivo->fileName()))
         return false;
     IniciarGdal();
     TSilenciarGdal silencio;

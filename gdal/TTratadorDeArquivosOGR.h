@@ -72,7 +72,8 @@ public:
     ///         circulares, trajetos): a mensagem lista os índices e as classes, e nada é gravado;
     ///         EInOutError extensão que não é de GeoJSON nem de GeoPackage, ou falha ao gravar.
     void Gravar(const QString &nomeArquivo) override;
-    /// Verdadeiro quando o fluxo é um arquivo que algum driver vetorial do OGR identifica.
+    /// Verdadeiro quando o fluxo é um arquivo que algum driver vetorial do OGR identifica e que nenhum
+    /// tratador de outra biblioteca pede por um padrão específico (um ".dgn" fica com o plug-in DGN).
     bool Reconhece(QIODevice &fluxo) override;
 };
 

@@ -38,7 +38,7 @@ void TTratadorDeImagensGDAL::Gravar(const QString &nomeArquivo)
 bool TTratadorDeImagensGDAL::Reconhece(QIODevice &fluxo)
 {
     auto *arquivo = qobject_cast<QFileDevice *>(&fluxo);
-    if (!arquivo || arquivo->fileName().isEmpty())
+    if (!arquivo || arquivo->fileName().isEmpty() || OutroTratadorPede(arquivo->fileName()))
         return false;
     IniciarGdal();
     TSilenciarGdal silencio;

@@ -33,7 +33,8 @@ public:
     /// Não grava: levanta `EInOutError`.
     void Gravar(const QString &nomeArquivo) override;
     /// Verdadeiro quando o fluxo é um arquivo que um driver de figuras do GDAL identifica, menos
-    /// os de JPEG, PNG, GIF e BMP.
+    /// os de JPEG, PNG, GIF e BMP, e que nenhum tratador de outra biblioteca pede por um padrão
+    /// específico.
     bool Reconhece(QIODevice &fluxo) override;
 };
 

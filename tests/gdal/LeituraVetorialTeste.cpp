@@ -65,6 +65,18 @@ void GeoPackageDeDuasCamadas(const QString &nome)
     rios->CreateFeature(f.get());
 }
 
+// Um tratador de outra biblioteca que pede "*.dgn" (como o plug-in DGN, registrado depois).
+class TTratadorDeDesenhos : public TGISTratadorDeArquivo
+{
+public:
+    static const TClasseTratador Classe;
+    using TGISTratadorDeArquivo::TGISTratadorDeArquivo;
+    void Ler(const QString &) override {}
+    void Gravar(const QString &) override {}
+    bool Reconhece(QIODevice &) override { return true; } // como o do plug-in DGN
+};
+const TClasseTratador TTratadorDeDesenhos::Classe = TClasseTratador::De<TTratadorDeDesenhos>("TTratadorDeDesenhos");
+
 } // namespace
 
 TEST(LeituraOGR, GeoJSONPontosLinhasAreasComFurosEAtributos)
@@ -179,6 +191,15 @@ TEST(LeituraOGR, GeoPackageDeVariasCamadasETipoPeloArquivo)
     TGISObjetoList outros;
     ASSERT_TRUE(outros.Ler(csv, QStringLiteral("Outros formatos vetoriais")));
     EXPECT_EQ(outros.Count(), 7);
+    // Um padrão específico de outra biblioteca ganha dos "*.*" do GDAL, mesmo registrado depois e
+    // mesmo que o OGR também leia o arquivo.
+    const QString dgn = QStringLiteral(TAVRU_DADOS "/dgn/brazil_sample.dgn");
+    EXPECT_EQ(TGISObjetoList::ObterTipoPeloArquivo(dgn, true), QStringLiteral("Outros formatos vetoriais"));
+    const auto registro = TGISObjetoList::ObterRegistro();
+    TGISObjetoList::RegistrarTratadorDeArquivo(QStringLiteral("Desenhos"), TTratadorDeDesenhos::Classe,
+                                               QStringLiteral("Desenhos (*.dgn)|*.dgn"), QString());
+    EXPECT_EQ(TGISObjetoList::ObterTipoPeloArquivo(dgn, true), QStringLiteral("Desenhos"));
+    TGISObjetoList::RestaurarRegistro(registro);
     // Os filtros de gravação: só GeoJSON e GeoPackage.
     const QString escrita = TGISObjetoList::ObterFiltroCompletoDeEscrita();
     EXPECT_TRUE(escrita.contains(QStringLiteral("*.gpkg")));
