@@ -63,6 +63,25 @@ const OGRSpatialReference &Wgs84()
     return srs;
 }
 
+namespace {
+thread_local int SoONome = 0;
+} // namespace
+
+TSoONome::TSoONome()
+{
+    ++SoONome;
+}
+
+TSoONome::~TSoONome()
+{
+    --SoONome;
+}
+
+bool TSoONome::Ativo()
+{
+    return SoONome > 0;
+}
+
 bool OutroTratadorPede(const QString &arquivo)
 {
     const QString nome = QFileInfo(arquivo).fileName();

@@ -39,6 +39,19 @@ const OGRSpatialReference &Wgs84();
 /// do GDAL cedem a ele (um ".dgn" fica com o plug-in DGN, registrado depois desta biblioteca).
 bool OutroTratadorPede(const QString &arquivo);
 
+/// Enquanto vive, nesta linha de execução, o formato GeoTIFF da lista de figuras recusa na hora
+/// (sem ler o arquivo): `TGISImagemGDAL::Abrir` chama a leitura da imagem comum só para que ela
+/// guarde o nome do arquivo, e uma recusa não deixa nada no cache de figuras da imagem comum.
+class TSoONome
+{
+public:
+    TSoONome();
+    ~TSoONome();
+    TSoONome(const TSoONome &) = delete;
+    TSoONome &operator=(const TSoONome &) = delete;
+    static bool Ativo();
+};
+
 /// Um arquivo do GDAL em memória (/vsimem/), com um nome único e a extensão dada, apagado no fim.
 /// Com `bytes`, o arquivo é esses bytes (não copiados: `bytes` tem de viver mais que ele).
 class TArquivoEmMemoria

@@ -58,6 +58,8 @@ public:
             formato.Ler = [](QIODevice &fluxo, const std::function<void(QSize)> &conferir) {
                 // O fluxo vem aberto (às vezes sem nome): os bytes vão para um arquivo em memória
                 // do GDAL, até o limite das figuras da imagem comum.
+                if (gdal::TSoONome::Ativo())
+                    throw EInOutError(QStringLiteral("(só o nome)"));
                 const qint64 tamanho = fluxo.size();
                 if (tamanho > LimiteDoFluxo)
                     throw EInOutError(QStringLiteral("O GeoTIFF tem %1 MB, mais que os %2 MB que a imagem comum lê; "

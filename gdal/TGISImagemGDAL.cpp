@@ -69,9 +69,11 @@ void TGISImagemGDAL::Abrir(const QString &nome)
         throw EInOutError(QStringLiteral("O arquivo especificado não existe ou não está disponível!"));
     auto fonte = std::make_shared<const gdal::TFonteGDAL>(nome);
     QImage previa = fonte->Previa(LadoDaPrevia);
-    // A leitura da imagem comum guarda o nome do arquivo (mesmo quando não decodifica a figura,
-    // o que acontece com formatos que só o GDAL lê); a prévia e a área são as do GDAL.
+    // A leitura da imagem comum guarda o nome do arquivo mesmo quando não decodifica a figura; o
+    // GeoTIFF recusa na hora (sem ler o arquivo inteiro), e os formatos que só o GDAL lê falham
+    // no cabeçalho. A prévia e a área são as do GDAL.
     try {
+        const gdal::TSoONome soONome;
         TGISImagem::LerArquivo(nome);
     } catch (const Exception &) {
     }
