@@ -68,13 +68,15 @@ public:
         Geometria(*geometria, destino);
         if (destino.Count() == antes)
             return;
-        TInformacoes informacoes;
+        // Direto nas informações do primeiro objeto (ninguém observa a lista de rascunho; a
+        // passagem para a lista do tratador avisa num lote), copiadas para os outros.
+        TInformacoes &informacoes = destino.Items(antes)->Informacoes();
         for (int i = 0; i < FCampos.size(); ++i)
             informacoes.AdicionarCampo(FCampos[i], feicao.IsFieldSetAndNotNull(i)
                                                        ? QString::fromUtf8(feicao.GetFieldAsString(i))
                                                        : QString());
-        for (int i = antes; i < destino.Count(); ++i)
-            destino.Items(i)->AtribuirInformacoes(informacoes);
+        for (int i = antes + 1; i < destino.Count(); ++i)
+            destino.Items(i)->Informacoes().Assign(informacoes);
     }
 
 private:
