@@ -17,6 +17,7 @@
 #include <QFile>
 #include <QTemporaryDir>
 #include <functional>
+#include <sys/stat.h>
 
 using namespace tavru;
 using namespace tavru::teste;
@@ -200,6 +201,12 @@ TEST(LeituraOGR, GeoPackageDeVariasCamadasETipoPeloArquivo)
                                                QStringLiteral("Desenhos (*.dgn)|*.dgn"), QString());
     EXPECT_EQ(TGISObjetoList::ObterTipoPeloArquivo(dgn, true), QStringLiteral("Desenhos"));
     TGISObjetoList::RestaurarRegistro(registro);
+    // Com os "*.*" do GDAL todo nome tem vários candidatos: um FIFO não é aberto para perguntar
+    // (a abertura esperaria por quem escreve), fica com o primeiro.
+    const QString fifo = dir.filePath(QStringLiteral("fila.geojson"));
+    ASSERT_EQ(::mkfifo(QFile::encodeName(fifo).constData(), 0600), 0);
+    EXPECT_EQ(TGISObjetoList::ObterTipoPeloArquivo(fifo, true), QStringLiteral("GeoJSON"));
+    EXPECT_THROW(outros.Ler(fifo, QStringLiteral("GeoJSON")), EInOutError);
     // Os filtros de gravação: só GeoJSON e GeoPackage.
     const QString escrita = TGISObjetoList::ObterFiltroCompletoDeEscrita();
     EXPECT_TRUE(escrita.contains(QStringLiteral("*.gpkg")));
