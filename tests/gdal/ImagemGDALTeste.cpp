@@ -9,6 +9,7 @@
 #include <tavru/platform/Exception.h>
 #include <tavru/platform/TCanvas.h>
 
+#include <gdal_priv.h>
 #include <ogr_spatialref.h>
 
 #include <gtest/gtest.h>
@@ -40,7 +41,54 @@ QRgb Cor(const QImage &tela, const TPoint &p)
     return tela.pixel(p.X, p.Y) & 0xFFFFFF;
 }
 
+// Um GeoTIFF em graus de 400 x 300 pixels vermelhos com uma visão reduzida (overview) de 4 vezes
+// pintada de verde: a cor desenhada diz de onde o desenho leu.
+void FiguraComVisaoReduzida(const QString &nome)
+{
+    GDALAllRegister();
+    GDALDriver *driver = GetGDALDriverManager()->GetDriverByName("GTiff");
+    GDALDatasetUniquePtr ds(driver->Create(nome.toUtf8().constData(), 400, 300, 3, GDT_Byte, nullptr));
+    ASSERT_NE(ds, nullptr);
+    double gt[6] = {-50.0, 0.01, 0.0, -10.0, 0.0, -0.01};
+    ds->SetGeoTransform(gt);
+    OGRSpatialReference wgs;
+    wgs.importFromEPSG(4326);
+    ds->SetSpatialRef(&wgs);
+    const int fator = 4;
+    ASSERT_EQ(ds->BuildOverviews("NEAREST", 1, &fator, 0, nullptr, nullptr, nullptr), CE_None);
+    const double vermelho[3] = {200, 10, 10}, verde[3] = {10, 200, 10};
+    for (int b = 1; b <= 3; ++b) {
+        ds->GetRasterBand(b)->Fill(vermelho[b - 1]);
+        ds->GetRasterBand(b)->GetOverview(0)->Fill(verde[b - 1]);
+    }
+}
+
 } // namespace
+
+TEST(ImagemGDAL, DeLongeLeDaVisaoReduzidaDePertoDaFigura)
+{
+    QTemporaryDir dir;
+    const QString nome = dir.filePath(QStringLiteral("visoes.tif"));
+    FiguraComVisaoReduzida(nome);
+    TGISImagemGDAL imagem;
+    imagem.Abrir(nome);
+    EXPECT_FALSE(imagem.Reprojetada());
+    EXPECT_EQ(imagem.AreaImagem(), GISRet(-13 * 3600, -50 * 3600, -10 * 3600, -46 * 3600));
+    for (const int largura : {100, 400}) {
+        SCOPED_TRACE(largura);
+        QImage tela(largura, largura * 3 / 4, QImage::Format_ARGB32_Premultiplied);
+        tela.fill(Qt::white);
+        TCanvas canvas(&tela);
+        TGISProjecaoMercator projecao;
+        projecao.DoAtribuirAreaTela(TRect{0, 0, tela.width(), tela.height()});
+        projecao.FitToRect(imagem.AreaImagem());
+        projecao.FitToRect(imagem.AreaImagem());
+        imagem.Desenhar(canvas, projecao, false);
+        canvas.AtribuirImagem(nullptr);
+        const TPoint centro = projecao.MundoParaTela(GISPosicao(-11 * 3600 - 1800, -48 * 3600));
+        EXPECT_EQ(Cor(tela, centro), largura == 100 ? qRgb(10, 200, 10) & 0xFFFFFF : qRgb(200, 10, 10) & 0xFFFFFF);
+    }
+}
 
 TEST(ImagemGDAL, GeoTIFFEmUTMNoLugarEmCoresPlenasSoNaParteVisivel)
 {
