@@ -18,7 +18,8 @@ const TClasseObjeto TGISImagemGDAL::Descritor = TClasseObjeto::De<TGISImagemGDAL
 
 namespace {
 
-// As últimas partes lidas, por canvas (no contexto de desenho dele).
+// As últimas partes lidas, por canvas (no contexto de desenho dele), dentro de um orçamento de
+// duas telas; a mais antiga sai primeiro.
 struct TPartesGDAL
 {
     struct TParte
@@ -28,8 +29,20 @@ struct TPartesGDAL
         TRect Visivel;
         QImage Figura;
     };
-    static constexpr std::size_t Maximo = 4;
     std::deque<TParte> Partes;
+
+    void Guardar(TParte parte, qint64 orcamento)
+    {
+        Partes.push_front(std::move(parte));
+        qint64 total = 0;
+        for (std::size_t i = 0; i < Partes.size(); ++i) {
+            total += Partes[i].Figura.sizeInBytes();
+            if (total > orcamento && i > 0) {
+                Partes.resize(i);
+                break;
+            }
+        }
+    }
 };
 
 bool Iguais(const TRect &a, const TRect &b)
@@ -129,9 +142,7 @@ void TGISImagemGDAL::Desenhar(TCanvas &canvas, const TGISProjecao &projecao, boo
         if (figura.isNull())
             return;
         figura.setDevicePixelRatio(razao);
-        partes.Partes.push_front({FSerie, r, visivel, figura});
-        if (partes.Partes.size() > TPartesGDAL::Maximo)
-            partes.Partes.pop_back();
+        partes.Guardar({FSerie, r, visivel, figura}, tela->sizeInBytes() * 2);
     }
     canvas.Draw(visivel.Left, visivel.Top, figura);
 }

@@ -23,7 +23,8 @@ class TFonteGDAL;
 /// na tela, na resolução da tela, em cores plenas (8 bits por canal, com transparência): o GDAL
 /// usa as visões reduzidas (overviews) da figura quando ela as tem, de modo que uma figura
 /// grande vista de longe não é lida inteira. A parte lida fica no contexto de desenho do canvas
-/// para o quadro seguinte na mesma visão (as quatro últimas partes, de todas as imagens deste tipo).
+/// para o quadro seguinte na mesma visão (as últimas partes, de todas as imagens deste tipo, até
+/// duas telas em bytes).
 ///
 /// Uma figura num sistema projetado (UTM, por exemplo) ou girada é reprojetada pelo GDAL para o
 /// WGS 84 geográfico (vizinho mais próximo); `AreaImagem` é o retângulo em latitude e longitude
