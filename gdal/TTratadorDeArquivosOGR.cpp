@@ -165,10 +165,22 @@ private:
         const int n = curva.getNumPoints();
         if (n <= 0)
             return;
+        if (!FTransformacao) { // já em graus: direto da curva, sem cópia
+            auto *lista = new TGISPosicaoList;
+            linha.Pontos().Add(lista);
+            lista->Redimensionar(n);
+            TGISPosicao *p = lista->Dados();
+            for (int i = 0; i < n; ++i, ++p)
+                if (!GrausParaSegundos(curva.getX(i), curva.getY(i), p->Longitude, p->Latitude))
+                    Falhar(QStringLiteral("o ponto (%1, %2) cai fora de ±180/±90 graus")
+                               .arg(curva.getX(i), 0, 'g', 12)
+                               .arg(curva.getY(i), 0, 'g', 12));
+            return;
+        }
         FX.resize(static_cast<std::size_t>(n));
         FY.resize(static_cast<std::size_t>(n));
         curva.getPoints(FX.data(), sizeof(double), FY.data(), sizeof(double));
-        if (FTransformacao && !FTransformacao->Transform(n, FX.data(), FY.data()))
+        if (!FTransformacao->Transform(n, FX.data(), FY.data()))
             Falhar(QStringLiteral("um ponto não se converte para latitude e longitude"));
         auto *lista = new TGISPosicaoList;
         linha.Pontos().Add(lista);
