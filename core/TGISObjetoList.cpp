@@ -317,8 +317,10 @@ QString TGISObjetoList::ObterTipoPeloArquivo(const QString &nomeArquivo, bool le
     if (candidatos.empty())
         return QString();
     if (candidatos.size() > 1) {
+        // Só um arquivo comum é aberto (abrir um FIFO esperaria por quem escreve nele); o fluxo
+        // leva o nome, que tratadores de bibliotecas de fora (GDAL) usam para olhar o arquivo.
         QFile arquivo(nomeArquivo);
-        if (arquivo.open(QIODevice::ReadOnly)) {
+        if (QFileInfo(nomeArquivo).isFile() && arquivo.open(QIODevice::ReadOnly)) {
             TGISObjetoList rascunho; // o tratador pede uma lista; esta nunca recebe nada
             for (const TRegistro *r : candidatos) {
                 if (!arquivo.seek(0))

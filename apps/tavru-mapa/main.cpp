@@ -13,6 +13,9 @@
 #include <tavru/control/TGis.h>
 #include <tavru/core/TGISCamada.h>
 #include <tavru/platform/Exception.h>
+#ifdef TAVRU_COM_GDAL
+#include <tavru/gdal/ReconheceArquivosGDAL.h> // GeoTIFF, GeoJSON, GeoPackage, KML, GPX...
+#endif
 
 #include <QApplication>
 #include <QDir>
@@ -109,6 +112,9 @@ int main(int argc, char **argv)
     QApplication::setApplicationName(QStringLiteral("tavru-mapa"));
     CarregarTraducoesDoQt(app);
     CarregarPluginsDoMapa();
+#ifdef TAVRU_COM_GDAL
+    (void)VersaoDoGdal(); // usa a biblioteca do GDAL, que registra os formatos dela ao carregar
+#endif
     AjustarDocumentosDoAplicativo();
     const bool telaAbriu = !semTela && QGuiApplication::platformName() != QLatin1String("offscreen");
     if (!semTela && !telaAbriu && arquivoPng.isEmpty() && !escolhida)
