@@ -30,11 +30,14 @@
 #include <QPen>
 #include <QRegion>
 #include <algorithm>
+#include <chrono>
 #include <cmath>
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
 #include <optional>
+#include <thread>
+#include <unordered_map>
 #include <typeinfo>
 
 namespace tavru {
@@ -109,6 +112,21 @@ struct TGis::TFundoGuardado
     std::optional<TGradeDeRotulos> Grade;
 };
 
+/// O desenho em grupos: uma imagem transparente e um canvas por linha de execução a mais
+/// (guardados de um quadro para o outro, com o rascunho de cada canvas) e o custo de cada camada
+/// no último quadro, que reparte as camadas do próximo.
+struct TGis::TDesenhoEmGrupos
+{
+    struct TLinha
+    {
+        QImage Imagem;
+        std::unique_ptr<TCanvas> Canvas;
+    };
+    /// Cada canvas aponta para a imagem ao lado: as duas não se movem enquanto existem.
+    std::vector<std::unique_ptr<TLinha>> Linhas;
+    std::unordered_map<const TGISCamada *, double> Custo;
+};
+
 TGis::TGis(QWidget *parent)
     : QWidget(parent),
       FSeta(std::make_unique<TSeta>()),
@@ -121,6 +139,7 @@ TGis::TGis(QWidget *parent)
       FObservadorDaSelecao(std::make_unique<TObservadorDaSelecao>(*this))
 {
     FProjecao = FProjecaoPropria.get();
+    FLinhasDoDesenho = std::max(1, std::min(int(std::thread::hardware_concurrency()), 64));
     setMouseTracking(true);
     setAttribute(Qt::WA_OpaquePaintEvent);
     setFocusPolicy(Qt::StrongFocus);
@@ -276,18 +295,16 @@ void TGis::Desenhar()
         if (FRotulosSemSobreposicao)
             grade.emplace(FProjecao->AreaTela());
     }
-    for (int i = primeira; i < FCamadas->Count(); ++i) {
-        if (chave && !reaproveitar && i == primeiroVolatil) {
-            if (!FFundo)
-                FFundo = std::make_unique<TFundoGuardado>();
-            FFundo->Chave = *chave;
-            FFundo->Imagem = FBuffer.copy();
-            FFundo->Grade = grade;
-        }
-        TGISCamada *camada = FCamadas->Items(i);
-        if (!(zoom < camada->ZoomMinimo()) && !(zoom > camada->ZoomMaximo()))
-            DesenharCamada(*camada, canvas, *FProjecao, grade ? &*grade : nullptr);
+    if (chave && !reaproveitar) {
+        DesenharCamadas(0, primeiroVolatil, grade ? &*grade : nullptr);
+        if (!FFundo)
+            FFundo = std::make_unique<TFundoGuardado>();
+        FFundo->Chave = *chave;
+        FFundo->Imagem = FBuffer.copy();
+        FFundo->Grade = grade;
+        primeira = primeiroVolatil;
     }
+    DesenharCamadas(primeira, FCamadas->Count(), grade ? &*grade : nullptr);
     DesenharObjetoSelecionado();
     if (FSeta->Mostrar())
         FSeta->Desenhar(canvas);
@@ -481,6 +498,114 @@ void TGis::DesenharCamada(TGISCamada &camada, TCanvas &canvas, const TGISProjeca
     canvas.SetTextAlign(alinhamento);
     rotulos.clear();
     TContextoDeDesenho::Aliviar(rotulos);
+}
+
+void TGis::DesenharCamadas(int de, int ate, TGradeDeRotulos *grade)
+{
+    const double zoom = FProjecao->Zoom();
+    std::vector<TGISCamada *> camadas;
+    for (int i = de; i < ate; ++i) {
+        TGISCamada *camada = FCamadas->Items(i);
+        if (!(zoom < camada->ZoomMinimo()) && !(zoom > camada->ZoomMaximo()))
+            camadas.push_back(camada);
+    }
+    const int linhas = FDesenhoParalelo && !grade ? std::min(FLinhasDoDesenho, int(camadas.size())) : 1;
+    if (linhas < 2) {
+        for (TGISCamada *camada : camadas)
+            DesenharCamada(*camada, *FCanvas, *FProjecao, grade);
+        return;
+    }
+
+    // Grupos seguidos de custo parecido: o custo de uma camada é o do último quadro (uma camada
+    // nova conta pelo número de objetos, como se cada um custasse um microssegundo).
+    if (!FGrupos)
+        FGrupos = std::make_unique<TDesenhoEmGrupos>();
+    TDesenhoEmGrupos &grupos = *FGrupos;
+    std::vector<double> custo(camadas.size());
+    double total = 0;
+    for (std::size_t k = 0; k < camadas.size(); ++k) {
+        const auto achado = grupos.Custo.find(camadas[k]);
+        custo[k] = achado != grupos.Custo.end() ? achado->second : camadas[k]->Objetos().Count() * 1e-3 + 1e-3;
+        total += custo[k];
+    }
+    // inicio[g] é a primeira camada do grupo g; o grupo g vai até inicio[g + 1].
+    std::vector<std::size_t> inicio{0};
+    double acumulado = 0;
+    for (std::size_t k = 0; k < camadas.size(); ++k) {
+        const int gruposAbertos = int(inicio.size());
+        if (k > inicio.back() && gruposAbertos < linhas && acumulado + custo[k] / 2 > total * gruposAbertos / linhas)
+            inicio.push_back(k);
+        acumulado += custo[k];
+    }
+    inicio.push_back(camadas.size());
+    const std::size_t outros = inicio.size() - 2; // grupos além do primeiro
+
+    while (grupos.Linhas.size() < outros)
+        grupos.Linhas.push_back(std::make_unique<TDesenhoEmGrupos::TLinha>());
+    const double razao = FBuffer.devicePixelRatio();
+    for (std::size_t g = 0; g < outros; ++g) {
+        TDesenhoEmGrupos::TLinha &linha = *grupos.Linhas[g];
+        if (!linha.Canvas)
+            linha.Canvas = std::make_unique<TCanvas>(nullptr);
+        if (linha.Imagem.size() != FBuffer.size() || linha.Imagem.devicePixelRatio() != razao) {
+            linha.Canvas->AtribuirImagem(nullptr);
+            linha.Imagem = QImage(FBuffer.size(), QImage::Format_ARGB32_Premultiplied);
+            linha.Imagem.setDevicePixelRatio(razao);
+            linha.Canvas->AtribuirImagem(&linha.Imagem);
+        }
+        linha.Imagem.fill(Qt::transparent);
+        linha.Canvas->AtribuirSuavizar(Suavizar());
+        TGISObjeto::AtribuirTabelaSimbolos(*linha.Canvas, FTabelaDeSimbolos);
+    }
+
+    // Cada grupo desenha as suas camadas em ordem, com a sua cópia da projeção, e mede cada uma.
+    std::vector<double> medido(camadas.size());
+    auto desenharGrupo = [&](std::size_t g, TCanvas &canvas, const TGISProjecao &projecao) {
+        for (std::size_t k = inicio[g]; k < inicio[g + 1]; ++k) {
+            const auto comeco = std::chrono::steady_clock::now();
+            DesenharCamada(*camadas[k], canvas, projecao, nullptr);
+            medido[k] = std::chrono::duration<double>(std::chrono::steady_clock::now() - comeco).count();
+        }
+    };
+    std::vector<std::unique_ptr<TGISProjecao>> projecoes;
+    for (std::size_t g = 0; g < outros; ++g)
+        projecoes.push_back(FProjecao->Duplicar());
+    std::vector<std::exception_ptr> falhas(outros);
+    std::vector<std::thread> trabalhadores;
+    trabalhadores.reserve(outros);
+    for (std::size_t g = 0; g < outros; ++g)
+        trabalhadores.emplace_back([&, g] {
+            try {
+                desenharGrupo(g + 1, *grupos.Linhas[g]->Canvas, *projecoes[g]);
+            } catch (...) {
+                falhas[g] = std::current_exception();
+            }
+        });
+    std::exception_ptr falhaAqui;
+    try {
+        desenharGrupo(0, *FCanvas, *FProjecao);
+    } catch (...) {
+        falhaAqui = std::current_exception();
+    }
+    for (std::thread &t : trabalhadores)
+        t.join();
+    if (falhaAqui)
+        std::rethrow_exception(falhaAqui);
+    for (const std::exception_ptr &f : falhas)
+        if (f)
+            std::rethrow_exception(f);
+
+    // As imagens dos outros grupos, por cima e em ordem. Um pixel opaco cobre o de baixo
+    // exatamente; um transparente o deixa como está.
+    for (std::size_t g = 0; g < outros; ++g) {
+        TDesenhoEmGrupos::TLinha &linha = *grupos.Linhas[g];
+        linha.Canvas->AtribuirImagem(nullptr); // termina o pintor da imagem antes de lê-la
+        FCanvas->Draw(0, 0, linha.Imagem);
+        linha.Canvas->AtribuirImagem(&linha.Imagem);
+    }
+    grupos.Custo.clear();
+    for (std::size_t k = 0; k < camadas.size(); ++k)
+        grupos.Custo[camadas[k]] = medido[k];
 }
 
 void TGis::DesenharObjetoSelecionado()
