@@ -35,8 +35,12 @@
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
+#include <condition_variable>
+#include <exception>
+#include <mutex>
 #include <optional>
 #include <thread>
+#include <utility>
 #include <unordered_map>
 #include <typeinfo>
 
@@ -112,17 +116,79 @@ struct TGis::TFundoGuardado
     std::optional<TGradeDeRotulos> Grade;
 };
 
-/// O desenho em grupos: uma imagem transparente e um canvas por linha de execução a mais
-/// (guardados de um quadro para o outro, com o rascunho de cada canvas) e o custo de cada camada
-/// no último quadro, que reparte as camadas do próximo.
+/// O desenho em grupos: uma linha de execução por grupo a mais, cada uma com a sua imagem
+/// transparente e o seu canvas, que vivem tanto quanto ela (os textos prontos de um canvas usam
+/// as fontes da linha que os preparou, que o Qt guarda por linha e libera quando ela termina), e
+/// o custo de cada camada no último quadro, que reparte as camadas do próximo.
 struct TGis::TDesenhoEmGrupos
 {
-    struct TLinha
+    class TLinha
     {
+    public:
+        TLinha() : FLinha([this] { Laco(); }) {}
+        ~TLinha()
+        {
+            {
+                std::lock_guard<std::mutex> trava(FTrava);
+                FSair = true;
+            }
+            FAviso.notify_all();
+            FLinha.join();
+        }
+        /// Dá a tarefa à linha (que a roda com o seu canvas, sobre a sua imagem).
+        void Iniciar(std::function<void(TCanvas &)> tarefa)
+        {
+            {
+                std::lock_guard<std::mutex> trava(FTrava);
+                FTarefa = std::move(tarefa);
+                FFalha = nullptr;
+                FFeita = false;
+            }
+            FAviso.notify_all();
+        }
+        /// Espera a tarefa; relança o que ela lançou.
+        void Esperar()
+        {
+            std::unique_lock<std::mutex> trava(FTrava);
+            FAviso.wait(trava, [this] { return FFeita; });
+            if (FFalha)
+                std::rethrow_exception(std::exchange(FFalha, nullptr));
+        }
         QImage Imagem;
-        std::unique_ptr<TCanvas> Canvas;
+
+    private:
+        void Laco()
+        {
+            TCanvas canvas(nullptr);
+            std::unique_lock<std::mutex> trava(FTrava);
+            for (;;) {
+                FAviso.wait(trava, [this] { return FSair || FTarefa; });
+                if (FSair)
+                    break;
+                std::function<void(TCanvas &)> tarefa = std::move(FTarefa);
+                FTarefa = nullptr;
+                trava.unlock();
+                std::exception_ptr falha;
+                try {
+                    tarefa(canvas);
+                } catch (...) {
+                    falha = std::current_exception();
+                }
+                canvas.AtribuirImagem(nullptr); // termina o pintor antes de a imagem ser lida
+                trava.lock();
+                FFalha = falha;
+                FFeita = true;
+                FAviso.notify_all();
+            }
+        }
+        std::mutex FTrava;
+        std::condition_variable FAviso;
+        std::function<void(TCanvas &)> FTarefa;
+        std::exception_ptr FFalha;
+        bool FFeita = true;
+        bool FSair = false;
+        std::thread FLinha; // por último: começa com o resto já construído
     };
-    /// Cada canvas aponta para a imagem ao lado: as duas não se movem enquanto existem.
     std::vector<std::unique_ptr<TLinha>> Linhas;
     std::unordered_map<const TGISCamada *, double> Custo;
 };
@@ -544,18 +610,12 @@ void TGis::DesenharCamadas(int de, int ate, TGradeDeRotulos *grade)
         grupos.Linhas.push_back(std::make_unique<TDesenhoEmGrupos::TLinha>());
     const double razao = FBuffer.devicePixelRatio();
     for (std::size_t g = 0; g < outros; ++g) {
-        TDesenhoEmGrupos::TLinha &linha = *grupos.Linhas[g];
-        if (!linha.Canvas)
-            linha.Canvas = std::make_unique<TCanvas>(nullptr);
-        if (linha.Imagem.size() != FBuffer.size() || linha.Imagem.devicePixelRatio() != razao) {
-            linha.Canvas->AtribuirImagem(nullptr);
-            linha.Imagem = QImage(FBuffer.size(), QImage::Format_ARGB32_Premultiplied);
-            linha.Imagem.setDevicePixelRatio(razao);
-            linha.Canvas->AtribuirImagem(&linha.Imagem);
+        QImage &imagem = grupos.Linhas[g]->Imagem;
+        if (imagem.size() != FBuffer.size() || imagem.devicePixelRatio() != razao) {
+            imagem = QImage(FBuffer.size(), QImage::Format_ARGB32_Premultiplied);
+            imagem.setDevicePixelRatio(razao);
         }
-        linha.Imagem.fill(Qt::transparent);
-        linha.Canvas->AtribuirSuavizar(Suavizar());
-        TGISObjeto::AtribuirTabelaSimbolos(*linha.Canvas, FTabelaDeSimbolos);
+        imagem.fill(Qt::transparent);
     }
 
     // Cada grupo desenha as suas camadas em ordem, com a sua cópia da projeção, e mede cada uma.
@@ -570,39 +630,37 @@ void TGis::DesenharCamadas(int de, int ate, TGradeDeRotulos *grade)
     std::vector<std::unique_ptr<TGISProjecao>> projecoes;
     for (std::size_t g = 0; g < outros; ++g)
         projecoes.push_back(FProjecao->Duplicar());
-    std::vector<std::exception_ptr> falhas(outros);
-    std::vector<std::thread> trabalhadores;
-    trabalhadores.reserve(outros);
-    for (std::size_t g = 0; g < outros; ++g)
-        trabalhadores.emplace_back([&, g] {
-            try {
-                desenharGrupo(g + 1, *grupos.Linhas[g]->Canvas, *projecoes[g]);
-            } catch (...) {
-                falhas[g] = std::current_exception();
-            }
+    const bool suavizar = Suavizar();
+    for (std::size_t g = 0; g < outros; ++g) {
+        TDesenhoEmGrupos::TLinha &linha = *grupos.Linhas[g];
+        linha.Iniciar([&, g, suavizar](TCanvas &canvas) {
+            canvas.AtribuirImagem(&grupos.Linhas[g]->Imagem);
+            canvas.AtribuirSuavizar(suavizar);
+            TGISObjeto::AtribuirTabelaSimbolos(canvas, FTabelaDeSimbolos);
+            desenharGrupo(g + 1, canvas, *projecoes[g]);
         });
-    std::exception_ptr falhaAqui;
+    }
+    std::exception_ptr falha;
     try {
         desenharGrupo(0, *FCanvas, *FProjecao);
     } catch (...) {
-        falhaAqui = std::current_exception();
+        falha = std::current_exception();
     }
-    for (std::thread &t : trabalhadores)
-        t.join();
-    if (falhaAqui)
-        std::rethrow_exception(falhaAqui);
-    for (const std::exception_ptr &f : falhas)
-        if (f)
-            std::rethrow_exception(f);
+    for (std::size_t g = 0; g < outros; ++g) {
+        try {
+            grupos.Linhas[g]->Esperar();
+        } catch (...) {
+            if (!falha)
+                falha = std::current_exception();
+        }
+    }
+    if (falha)
+        std::rethrow_exception(falha);
 
     // As imagens dos outros grupos, por cima e em ordem. Um pixel opaco cobre o de baixo
     // exatamente; um transparente o deixa como está.
-    for (std::size_t g = 0; g < outros; ++g) {
-        TDesenhoEmGrupos::TLinha &linha = *grupos.Linhas[g];
-        linha.Canvas->AtribuirImagem(nullptr); // termina o pintor da imagem antes de lê-la
-        FCanvas->Draw(0, 0, linha.Imagem);
-        linha.Canvas->AtribuirImagem(&linha.Imagem);
-    }
+    for (std::size_t g = 0; g < outros; ++g)
+        FCanvas->Draw(0, 0, grupos.Linhas[g]->Imagem);
     grupos.Custo.clear();
     for (std::size_t k = 0; k < camadas.size(); ++k)
         grupos.Custo[camadas[k]] = medido[k];

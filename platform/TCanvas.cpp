@@ -3,9 +3,13 @@
 #include <QFontMetrics>
 #include <QPainter>
 #include <QPainterPath>
+#include <QHash>
+#include <QStaticText>
 
 #include <algorithm>
+#include <cstdint>
 #include <cstdlib>
+#include <vector>
 
 namespace tavru {
 
@@ -61,7 +65,25 @@ unsigned TCanvas::SetTextAlign(unsigned bandeiras)
     return anterior;
 }
 
+namespace {
+/// Verdadeiro quando as duas fontes dispõem o texto do mesmo jeito (a cor não conta). O nome é
+/// comparado primeiro pelos dados, que as cópias de uma fonte dividem.
+bool MesmaForma(const TFont &a, const TFont &b)
+{
+    return a.Height() == b.Height() && a.Size() == b.Size() && a.Style == b.Style && a.Charset == b.Charset
+        && a.Escapement == b.Escapement && (a.Name.constData() == b.Name.constData() || a.Name == b.Name);
+}
+
+/// Uma cor que nenhuma fonte tem (nem `clNone`): obriga o texto a pôr a sua caneta.
+constexpr TColor CorNenhumaDoTexto = INT32_MIN;
+} // namespace
+
 QPainter *TCanvas::Preparar()
+{
+    return Aplicar(true);
+}
+
+QPainter *TCanvas::Aplicar(bool caneta)
 {
     if (!FImagem || FImagem->isNull())
         return nullptr;
@@ -70,7 +92,15 @@ QPainter *TCanvas::Preparar()
         FPainter->setRenderHint(QPainter::Antialiasing, FSuavizar);
         FAplicado = false;
     }
-    if (!FAplicado || !(FPenAplicada == FPen)) {
+    if (!caneta) {
+        // Quem escreve texto põe a cor do texto como caneta; sem caneta aplicada ainda, a marca
+        // obriga o texto a pô-la e o próximo `Preparar` a devolver a do canvas.
+        if (!FAplicado) {
+            FCanetaDoTexto = true;
+            FCorDoTexto = CorNenhumaDoTexto;
+        }
+    } else if (!FAplicado || FCanetaDoTexto || !(FPenAplicada == FPen)) {
+        FCanetaDoTexto = false;
         QPen caneta = FPen.ParaQPen();
         // Numa imagem de alta densidade (razão de pixels acima de 1), a linha de um pixel tem um
         // pixel lógico de largura, como os textos e as formas, e não um pixel do aparelho.
@@ -165,14 +195,90 @@ void TCanvas::FillRect(const TRect &r)
         p->fillRect(r.ParaQRect(), FBrush.ParaQBrush());
 }
 
+/// Um texto medido e disposto numa fonte.
+struct TCanvas::TTextoPronto
+{
+    QStaticText Texto;
+    int Largura = 0;
+};
+
+/// Os textos prontos do canvas, uma tabela por fonte (as usadas por último na frente).
+struct TCanvas::TTextosProntos
+{
+    static constexpr std::size_t MaximoDeFontes = 8;
+    struct TDaFonte
+    {
+        TFont Fonte;
+        QFont FonteQt;
+        QHash<QString, TTextoPronto> Textos;
+    };
+    std::vector<TDaFonte> Fontes;
+};
+
+const TCanvas::TTextoPronto &TCanvas::Pronto(const QString &texto) const
+{
+    if (!FProntos)
+        FProntos = std::make_unique<TTextosProntos>();
+    std::vector<TTextosProntos::TDaFonte> &fontes = FProntos->Fontes;
+    auto daFonte = std::find_if(fontes.begin(), fontes.end(), [this](const auto &f) { return MesmaForma(f.Fonte, FFont); });
+    if (daFonte == fontes.end()) {
+        if (fontes.size() >= TTextosProntos::MaximoDeFontes)
+            fontes.pop_back();
+        fontes.insert(fontes.begin(), TTextosProntos::TDaFonte{FFont, FFont.ParaQFont(), {}});
+        daFonte = fontes.begin();
+    } else if (daFonte != fontes.begin()) {
+        std::rotate(fontes.begin(), daFonte, daFonte + 1);
+        daFonte = fontes.begin();
+    }
+    QHash<QString, TTextoPronto> &textos = daFonte->Textos;
+    const auto achado = textos.constFind(texto);
+    if (achado != textos.constEnd())
+        return *achado;
+    if (textos.size() >= LimiteDeTextosProntos)
+        textos.clear();
+    TTextoPronto pronto;
+    pronto.Largura = Metricas().horizontalAdvance(texto);
+    pronto.Texto.setText(texto);
+    pronto.Texto.setTextFormat(Qt::PlainText);
+    pronto.Texto.prepare(QTransform(), daFonte->FonteQt);
+    return *textos.insert(texto, std::move(pronto));
+}
+
 void TCanvas::TextOut(int x, int y, const QString &texto)
 {
-    QPainter *p = Preparar();
+    QPainter *p = FFont.Escapement == 0 ? Aplicar(false) : Preparar();
     if (!p || texto.isEmpty()) {
         FPenPos = TPoint(x + TextWidth(texto), y);
         return;
     }
     const QFontMetrics &m = Metricas();
+    if (FFont.Escapement == 0) {
+        // O caminho dos rótulos: o texto pronto, sem salvar e restaurar o pintor (a caneta fica
+        // com a cor do texto até o próximo `Preparar`).
+        const TTextoPronto &pronto = Pronto(texto);
+        int dx = 0;
+        switch (FTextAlign & TA_CENTER) {
+        case TA_RIGHT: dx = -pronto.Largura; break;
+        case TA_CENTER: dx = -pronto.Largura / 2; break;
+        default: break;
+        }
+        int dy = 0;
+        switch (FTextAlign & TA_BASELINE) {
+        case TA_BOTTOM: dy = -m.height(); break;
+        case TA_BASELINE: dy = -m.ascent(); break;
+        default: break;
+        }
+        if (FBrush.Style != bsClear && FBrush.Color != clNone)
+            p->fillRect(QRect(x + dx, y + dy, pronto.Largura, m.height()), ParaQColor(FBrush.Color));
+        if (!FCanetaDoTexto || FCorDoTexto != FFont.Color) {
+            p->setPen(ParaQColor(FFont.Color));
+            FCanetaDoTexto = true;
+            FCorDoTexto = FFont.Color;
+        }
+        p->drawStaticText(x + dx, y + dy, pronto.Texto);
+        FPenPos = TPoint(x + pronto.Largura, y);
+        return;
+    }
     const int largura = m.horizontalAdvance(texto);
     const int h = m.height();
     int dx = 0;
@@ -247,7 +353,7 @@ void TCanvas::CopyRect(const TRect &destino, TCanvas &canvasOrigem, const TRect 
 
 const QFontMetrics &TCanvas::Metricas() const
 {
-    if (!FMetricas || !(FFonteMedida == FFont)) {
+    if (!FMetricas || !MesmaForma(FFonteMedida, FFont)) {
         FMetricas = std::make_unique<QFontMetrics>(FFont.ParaQFont());
         FFonteMedida = FFont;
     }
@@ -256,7 +362,7 @@ const QFontMetrics &TCanvas::Metricas() const
 
 int TCanvas::TextWidth(const QString &texto) const
 {
-    return Metricas().horizontalAdvance(texto);
+    return Pronto(texto).Largura;
 }
 
 int TCanvas::TextHeight(const QString &texto) const

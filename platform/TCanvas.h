@@ -104,8 +104,14 @@ public:
     virtual void FillRect(const TRect &r);
     /// Escreve o texto no ponto de referência (x, y) com a fonte (e a cor dela), o alinhamento e o
     /// escapamento correntes; o fundo da célula do texto é pintado com a cor do pincel, a menos que
-    /// ele seja `bsClear`. Move a caneta para (x + largura do texto, y).
+    /// ele seja `bsClear`. Move a caneta para (x + largura do texto, y). Sem escapamento, o texto
+    /// é preparado (medido e disposto) uma vez por fonte e guardado no canvas, até
+    /// `LimiteDeTextosProntos` textos por fonte: quem escreve os mesmos rótulos a cada quadro não
+    /// os mede de novo.
     virtual void TextOut(int x, int y, const QString &texto);
+    /// Quantos textos prontos o canvas guarda por fonte (passando disso, os daquela fonte são
+    /// esquecidos e preparados de novo quando voltam).
+    static constexpr int LimiteDeTextosProntos = 1 << 18;
     /// Escreve o texto com o canto superior esquerdo em (x, y), recortado ao retângulo (o
     /// alinhamento de `TextOut` não vale aqui).
     virtual void TextRect(const TRect &r, int x, int y, const QString &texto);
@@ -117,6 +123,8 @@ public:
     /// `cmDstInvert` só inverte os pixels de `destino`.
     virtual void CopyRect(const TRect &destino, TCanvas &canvasOrigem, const TRect &origem);
 
+    /// A largura do texto na fonte corrente, em pixels lógicos. Cada texto é medido uma vez por
+    /// fonte e guardado no canvas com o seu desenho pronto (ver `TextOut`).
     int TextWidth(const QString &texto) const;
     int TextHeight(const QString &texto) const;
     QSize TextExtent(const QString &texto) const;
@@ -133,8 +141,15 @@ protected:
 
 private:
     void Encerrar();
+    /// `Preparar`, deixando a caneta do pintor como está quando `caneta` é falso (o texto põe a
+    /// sua).
+    QPainter *Aplicar(bool caneta);
     /// A medida da fonte corrente (refeita quando a fonte mudou desde a última medida).
     const QFontMetrics &Metricas() const;
+    struct TTextoPronto;
+    struct TTextosProntos;
+    /// O texto preparado na fonte corrente (medido e disposto na primeira vez).
+    const TTextoPronto &Pronto(const QString &texto) const;
 
     QImage *FImagem = nullptr;
     std::unique_ptr<QPainter> FPainter;
@@ -152,6 +167,10 @@ private:
     bool FSuavizar = false;
     mutable std::unique_ptr<QFontMetrics> FMetricas;
     mutable TFont FFonteMedida;
+    mutable std::unique_ptr<TTextosProntos> FProntos;
+    /// O pintor está com a cor do texto como caneta (o próximo `Preparar` devolve a caneta).
+    bool FCanetaDoTexto = false;
+    TColor FCorDoTexto = clNone;
     TContextoDeDesenho FContexto;
 };
 
