@@ -762,10 +762,15 @@ QString TGis::ObterRotulo(const TGISObjeto &objeto) const
         const QString valor = info.ObterValorCampo(campo).trimmed();
         // O valor já está no texto quando aparece nele terminando onde termina um trecho (antes
         // de ", " ou no fim): "Azul" já está em "Rio Azul", "Rio" não.
-        if (valor.isEmpty() || (texto + separador).contains(valor + separador))
+        if (valor.isEmpty())
             continue;
-        if (!texto.isEmpty())
-            texto += separador;
+        if (texto.isEmpty()) { // o primeiro valor: dividido, sem cópia
+            texto = valor;
+            continue;
+        }
+        if ((texto + separador).contains(valor + separador))
+            continue;
+        texto += separador;
         texto += valor;
     }
     return texto;
