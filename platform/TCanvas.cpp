@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstdlib>
+#include <thread>
 #include <vector>
 
 namespace tavru {
@@ -25,7 +26,7 @@ inline const QPoint *ComoQPoints(const TPoint *p)
 
 } // namespace
 
-TCanvas::TCanvas(QImage *imagem)
+TCanvas::TCanvas(QImage *imagem) : FLinhaDona(std::this_thread::get_id())
 {
     AtribuirImagem(imagem);
 }
@@ -246,13 +247,14 @@ const TCanvas::TTextoPronto &TCanvas::Pronto(const QString &texto) const
 
 void TCanvas::TextOut(int x, int y, const QString &texto)
 {
-    QPainter *p = FFont.Escapement == 0 ? Aplicar(false) : Preparar();
+    const bool pronto = FFont.Escapement == 0 && std::this_thread::get_id() == FLinhaDona;
+    QPainter *p = pronto ? Aplicar(false) : Preparar();
     if (!p || texto.isEmpty()) {
         FPenPos = TPoint(x + TextWidth(texto), y);
         return;
     }
     const QFontMetrics &m = Metricas();
-    if (FFont.Escapement == 0) {
+    if (pronto) {
         // O caminho dos rótulos: o texto pronto, sem salvar e restaurar o pintor (a caneta fica
         // com a cor do texto até o próximo `Preparar`).
         const TTextoPronto &pronto = Pronto(texto);
@@ -362,6 +364,8 @@ const QFontMetrics &TCanvas::Metricas() const
 
 int TCanvas::TextWidth(const QString &texto) const
 {
+    if (std::this_thread::get_id() != FLinhaDona)
+        return Metricas().horizontalAdvance(texto);
     return Pronto(texto).Largura;
 }
 

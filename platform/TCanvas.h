@@ -27,6 +27,7 @@
 #include <QSize>
 #include <QString>
 #include <memory>
+#include <thread>
 #include <vector>
 
 class QFontMetrics;
@@ -107,7 +108,10 @@ public:
     /// ele seja `bsClear`. Move a caneta para (x + largura do texto, y). Sem escapamento, o texto
     /// é preparado (medido e disposto) uma vez por fonte e guardado no canvas, até
     /// `LimiteDeTextosProntos` textos por fonte: quem escreve os mesmos rótulos a cada quadro não
-    /// os mede de novo.
+    /// os mede de novo. Os textos prontos usam as fontes da linha de execução que os preparou (o
+    /// Qt as guarda por linha e as libera quando ela termina): só a linha que criou o canvas os
+    /// guarda; noutra linha o texto é medido a cada vez, como antes. Um canvas que escreveu texto
+    /// é liberado antes de a linha que o criou terminar.
     virtual void TextOut(int x, int y, const QString &texto);
     /// Quantos textos prontos o canvas guarda por fonte (passando disso, os daquela fonte são
     /// esquecidos e preparados de novo quando voltam).
@@ -168,6 +172,8 @@ private:
     mutable std::unique_ptr<QFontMetrics> FMetricas;
     mutable TFont FFonteMedida;
     mutable std::unique_ptr<TTextosProntos> FProntos;
+    /// A linha de execução que criou o canvas: a única que usa os textos prontos.
+    std::thread::id FLinhaDona;
     /// O pintor está com a cor do texto como caneta (o próximo `Preparar` devolve a caneta).
     bool FCanetaDoTexto = false;
     TColor FCorDoTexto = clNone;
