@@ -214,6 +214,10 @@ struct TCanvas::TTextosProntos
         QHash<QString, TTextoPronto> Textos;
     };
     std::vector<TDaFonte> Fontes;
+    /// O último texto pedido, na fonte da frente: o halo e a grade dos rótulos pedem o mesmo
+    /// texto várias vezes seguidas, e a tabela grande custa uma falta de cache por consulta.
+    QString UltimoTexto;
+    const TTextoPronto *Ultimo = nullptr;
 };
 
 const TCanvas::TTextoPronto &TCanvas::Pronto(const QString &texto) const
@@ -227,22 +231,29 @@ const TCanvas::TTextoPronto &TCanvas::Pronto(const QString &texto) const
             fontes.pop_back();
         fontes.insert(fontes.begin(), TTextosProntos::TDaFonte{FFont, FFont.ParaQFont(), {}});
         daFonte = fontes.begin();
+        FProntos->Ultimo = nullptr;
     } else if (daFonte != fontes.begin()) {
         std::rotate(fontes.begin(), daFonte, daFonte + 1);
         daFonte = fontes.begin();
+        FProntos->Ultimo = nullptr;
+    } else if (FProntos->Ultimo && texto == FProntos->UltimoTexto) {
+        return *FProntos->Ultimo;
     }
     QHash<QString, TTextoPronto> &textos = daFonte->Textos;
-    const auto achado = textos.constFind(texto);
-    if (achado != textos.constEnd())
-        return *achado;
-    if (textos.size() >= LimiteDeTextosProntos)
-        textos.clear();
-    TTextoPronto pronto;
-    pronto.Largura = Metricas().horizontalAdvance(texto);
-    pronto.Texto.setText(texto);
-    pronto.Texto.setTextFormat(Qt::PlainText);
-    pronto.Texto.prepare(QTransform(), daFonte->FonteQt);
-    return *textos.insert(texto, std::move(pronto));
+    auto achado = textos.constFind(texto);
+    if (achado == textos.constEnd()) {
+        if (textos.size() >= LimiteDeTextosProntos)
+            textos.clear();
+        TTextoPronto pronto;
+        pronto.Largura = Metricas().horizontalAdvance(texto);
+        pronto.Texto.setText(texto);
+        pronto.Texto.setTextFormat(Qt::PlainText);
+        pronto.Texto.prepare(QTransform(), daFonte->FonteQt);
+        achado = textos.insert(texto, std::move(pronto));
+    }
+    FProntos->UltimoTexto = texto;
+    FProntos->Ultimo = &*achado;
+    return *achado;
 }
 
 void TCanvas::TextOut(int x, int y, const QString &texto)
