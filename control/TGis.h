@@ -345,12 +345,13 @@ public:
     /// pelo custo do quadro anterior, o primeiro grupo é desenhado no buffer e cada outro numa
     /// imagem transparente própria, composta por cima na ordem das camadas. Os pixels são os do
     /// desenho numa linha só, menos o arredondamento das misturas de pixels meio transparentes: o
-    /// texto dos rótulos pode diferir em 1 por canal (2 com halo) e, com `Suavizar`, as bordas em
-    /// poucos níveis. As
+    /// texto de um rótulo pode diferir em 1 por canal (2 com halo; alguns níveis onde rótulos se
+    /// sobrepõem, mais numa tela de alta densidade) e, com `Suavizar`, as bordas em poucos níveis. As
     /// camadas precisam ser independentes (nenhum objeto em duas camadas desenhadas ao mesmo
     /// tempo); os avisos e eventos ficam na linha da interface, que espera o quadro inteiro. Com
     /// `RotulosSemSobreposicao` o desenho é numa linha só (a grade dos rótulos é uma só, em ordem).
-    /// Falso (padrão): uma linha. Cada linha a mais guarda uma imagem do tamanho do buffer.
+    /// Falso (padrão): uma linha. Cada linha a mais guarda uma imagem do tamanho do buffer e fica
+    /// esperando o próximo quadro enquanto o controle existir.
     bool DesenhoParalelo() const { return FDesenhoParalelo; }
     void AtribuirDesenhoParalelo(bool ligado) { FDesenhoParalelo = ligado; }
     /// Extensão: quantas linhas de execução o desenho paralelo usa no máximo (padrão: os núcleos

@@ -124,6 +124,14 @@ TEST(DesenhoParaleloDoMapa, GruposDaoOsPixelsDeUmaLinhaEmCadaModo)
         EXPECT_LE(MaiorDiferenca(mapa.Quadro(true, 3), restrita), 1) << "vez " << vez;
     mapa.Camadas[2]->Objetos().Items(0)->AtribuirPosicao(GISPosicao(3600, 3600));
     EXPECT_LE(MaiorDiferenca(mapa.Quadro(true, 3), mapa.Quadro(false, 1)), 1);
+
+    // Numa tela de alta densidade as imagens dos grupos têm a razão do buffer (uma imagem fora
+    // de escala ou de lugar daria diferenças de 255). Os rótulos sobrepostos, com mais pixels
+    // meio cobertos, somam o arredondamento de cada mistura.
+    gis.AtribuirRazaoDePixels(2.0);
+    const QImage densa = mapa.Quadro(false, 1);
+    ASSERT_EQ(densa.width(), 800);
+    EXPECT_LE(MaiorDiferenca(mapa.Quadro(true, 2), densa), 8);
 }
 
 TEST(DesenhoParaleloDoMapa, HaloSuavizadoESemSobreposicao)
