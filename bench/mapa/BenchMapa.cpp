@@ -516,11 +516,15 @@ int main(int argc, char **argv)
         objetos.TerminarLote();
     }
     gis.Rotulos().Add(QStringLiteral("Nome"));
+    const std::size_t antesDosTextos = MemoriaEmUso();
     double msRotUma, msRotGrupos;
     quadrosDoControle(msRotUma, msRotGrupos);
+    const std::size_t textosProntos = MemoriaEmUso() - antesDosTextos;
     std::printf("Rotulados (%d rotulos): uma linha %.2f ms = %.2f do sem rotulos, em grupos %.2f ms = %.2f do sem "
                 "rotulos\n",
                 TotalLinhas + TotalAreas + TotalPontos, msRotUma, msRotUma / msUma, msRotGrupos, msRotGrupos / msGrupos);
+    std::printf("Textos prontos dos canvas (um por linha de execucao): %.1f MB = %.2f da memoria do mapa\n",
+                textosProntos / 1e6, double(textosProntos) / double(m3 - m0));
     if (!png.isEmpty())
         gis.Buffer().save(QString(png).replace(QLatin1String(".png"), QStringLiteral("-rotulos.png")));
     return 0;
