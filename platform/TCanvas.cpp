@@ -218,17 +218,21 @@ struct TCanvas::TTextosProntos
     /// texto várias vezes seguidas, e a tabela grande custa uma falta de cache por consulta.
     QString UltimoTexto;
     const TTextoPronto *Ultimo = nullptr;
+    /// Textos guardados em todas as fontes.
+    int Total = 0;
 };
 
-const TCanvas::TTextoPronto &TCanvas::Pronto(const QString &texto) const
+const TCanvas::TTextoPronto *TCanvas::Pronto(const QString &texto) const
 {
     if (!FProntos)
         FProntos = std::make_unique<TTextosProntos>();
     std::vector<TTextosProntos::TDaFonte> &fontes = FProntos->Fontes;
     auto daFonte = std::find_if(fontes.begin(), fontes.end(), [this](const auto &f) { return MesmaForma(f.Fonte, FFont); });
     if (daFonte == fontes.end()) {
-        if (fontes.size() >= TTextosProntos::MaximoDeFontes)
+        if (fontes.size() >= TTextosProntos::MaximoDeFontes) {
+            FProntos->Total -= int(fontes.back().Textos.size());
             fontes.pop_back();
+        }
         fontes.insert(fontes.begin(), TTextosProntos::TDaFonte{FFont, FFont.ParaQFont(), {}});
         daFonte = fontes.begin();
         FProntos->Ultimo = nullptr;
@@ -237,13 +241,16 @@ const TCanvas::TTextoPronto &TCanvas::Pronto(const QString &texto) const
         daFonte = fontes.begin();
         FProntos->Ultimo = nullptr;
     } else if (FProntos->Ultimo && texto == FProntos->UltimoTexto) {
-        return *FProntos->Ultimo;
+        return FProntos->Ultimo;
     }
     QHash<QString, TTextoPronto> &textos = daFonte->Textos;
     auto achado = textos.constFind(texto);
     if (achado == textos.constEnd()) {
-        if (textos.size() >= LimiteDeTextosProntos)
-            textos.clear();
+        // Cheio: o texto novo fica sem guardar (esvaziar e recomeçar faria um quadro com mais
+        // rótulos que o limite preparar todos de novo a cada vez).
+        if (FProntos->Total >= LimiteDeTextosProntos)
+            return nullptr;
+        ++FProntos->Total;
         TTextoPronto pronto;
         pronto.Largura = Metricas().horizontalAdvance(texto);
         pronto.Texto.setText(texto);
@@ -253,12 +260,13 @@ const TCanvas::TTextoPronto &TCanvas::Pronto(const QString &texto) const
     }
     FProntos->UltimoTexto = texto;
     FProntos->Ultimo = &*achado;
-    return *achado;
+    return FProntos->Ultimo;
 }
 
 void TCanvas::TextOut(int x, int y, const QString &texto)
 {
-    const bool pronto = FFont.Escapement == 0 && std::this_thread::get_id() == FLinhaDona;
+    const TTextoPronto *pronto =
+        FFont.Escapement == 0 && std::this_thread::get_id() == FLinhaDona ? Pronto(texto) : nullptr;
     QPainter *p = pronto ? Aplicar(false) : Preparar();
     if (!p || texto.isEmpty()) {
         FPenPos = TPoint(x + TextWidth(texto), y);
@@ -268,11 +276,10 @@ void TCanvas::TextOut(int x, int y, const QString &texto)
     if (pronto) {
         // O caminho dos rótulos: o texto pronto, sem salvar e restaurar o pintor (a caneta fica
         // com a cor do texto até o próximo `Preparar`).
-        const TTextoPronto &pronto = Pronto(texto);
         int dx = 0;
         switch (FTextAlign & TA_CENTER) {
-        case TA_RIGHT: dx = -pronto.Largura; break;
-        case TA_CENTER: dx = -pronto.Largura / 2; break;
+        case TA_RIGHT: dx = -pronto->Largura; break;
+        case TA_CENTER: dx = -pronto->Largura / 2; break;
         default: break;
         }
         int dy = 0;
@@ -282,14 +289,14 @@ void TCanvas::TextOut(int x, int y, const QString &texto)
         default: break;
         }
         if (FBrush.Style != bsClear && FBrush.Color != clNone)
-            p->fillRect(QRect(x + dx, y + dy, pronto.Largura, m.height()), ParaQColor(FBrush.Color));
+            p->fillRect(QRect(x + dx, y + dy, pronto->Largura, m.height()), ParaQColor(FBrush.Color));
         if (!FCanetaDoTexto || FCorDoTexto != FFont.Color) {
             p->setPen(ParaQColor(FFont.Color));
             FCanetaDoTexto = true;
             FCorDoTexto = FFont.Color;
         }
-        p->drawStaticText(x + dx, y + dy, pronto.Texto);
-        FPenPos = TPoint(x + pronto.Largura, y);
+        p->drawStaticText(x + dx, y + dy, pronto->Texto);
+        FPenPos = TPoint(x + pronto->Largura, y);
         return;
     }
     const int largura = m.horizontalAdvance(texto);
@@ -375,9 +382,10 @@ const QFontMetrics &TCanvas::Metricas() const
 
 int TCanvas::TextWidth(const QString &texto) const
 {
-    if (std::this_thread::get_id() != FLinhaDona)
-        return Metricas().horizontalAdvance(texto);
-    return Pronto(texto).Largura;
+    if (std::this_thread::get_id() == FLinhaDona)
+        if (const TTextoPronto *pronto = Pronto(texto))
+            return pronto->Largura;
+    return Metricas().horizontalAdvance(texto);
 }
 
 int TCanvas::TextHeight(const QString &texto) const

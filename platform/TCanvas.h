@@ -107,15 +107,16 @@ public:
     /// escapamento correntes; o fundo da célula do texto é pintado com a cor do pincel, a menos que
     /// ele seja `bsClear`. Move a caneta para (x + largura do texto, y). Sem escapamento, o texto
     /// é preparado (medido e disposto) uma vez por fonte e guardado no canvas, até
-    /// `LimiteDeTextosProntos` textos por fonte: quem escreve os mesmos rótulos a cada quadro não
-    /// os mede de novo. Os textos prontos usam as fontes da linha de execução que os preparou (o
+    /// `LimiteDeTextosProntos` textos (cerca de meio kilobyte cada; passando disso, os textos novos
+    /// são medidos a cada vez): quem escreve os mesmos rótulos a cada quadro não os mede de novo.
+    /// Os textos ficam guardados enquanto o canvas existir (de propósito: são os rótulos do
+    /// próximo quadro). Os textos prontos usam as fontes da linha de execução que os preparou (o
     /// Qt as guarda por linha e as libera quando ela termina): só a linha que criou o canvas os
     /// guarda; noutra linha o texto é medido a cada vez, como antes. Um canvas que escreveu texto
     /// é liberado antes de a linha que o criou terminar.
     virtual void TextOut(int x, int y, const QString &texto);
-    /// Quantos textos prontos o canvas guarda por fonte (passando disso, os daquela fonte são
-    /// esquecidos e preparados de novo quando voltam).
-    static constexpr int LimiteDeTextosProntos = 1 << 18;
+    /// Quantos textos prontos o canvas guarda, somadas as fontes.
+    static constexpr int LimiteDeTextosProntos = 1 << 17;
     /// Escreve o texto com o canto superior esquerdo em (x, y), recortado ao retângulo (o
     /// alinhamento de `TextOut` não vale aqui).
     virtual void TextRect(const TRect &r, int x, int y, const QString &texto);
@@ -152,8 +153,9 @@ private:
     const QFontMetrics &Metricas() const;
     struct TTextoPronto;
     struct TTextosProntos;
-    /// O texto preparado na fonte corrente (medido e disposto na primeira vez).
-    const TTextoPronto &Pronto(const QString &texto) const;
+    /// O texto preparado na fonte corrente (medido e disposto na primeira vez); nulo quando ele
+    /// não está guardado e o canvas já guarda `LimiteDeTextosProntos`.
+    const TTextoPronto *Pronto(const QString &texto) const;
 
     QImage *FImagem = nullptr;
     std::unique_ptr<QPainter> FPainter;
