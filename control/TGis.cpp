@@ -30,11 +30,18 @@
 #include <QPen>
 #include <QRegion>
 #include <algorithm>
+#include <chrono>
 #include <cmath>
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
+#include <condition_variable>
+#include <exception>
+#include <mutex>
 #include <optional>
+#include <thread>
+#include <utility>
+#include <unordered_map>
 #include <typeinfo>
 
 namespace tavru {
@@ -109,6 +116,83 @@ struct TGis::TFundoGuardado
     std::optional<TGradeDeRotulos> Grade;
 };
 
+/// O desenho em grupos: uma linha de execução por grupo a mais, cada uma com a sua imagem
+/// transparente e o seu canvas, que vivem tanto quanto ela (os textos prontos de um canvas usam
+/// as fontes da linha que os preparou, que o Qt guarda por linha e libera quando ela termina), e
+/// o custo de cada camada no último quadro, que reparte as camadas do próximo.
+struct TGis::TDesenhoEmGrupos
+{
+    class TLinha
+    {
+    public:
+        TLinha() : FLinha([this] { Laco(); }) {}
+        ~TLinha()
+        {
+            {
+                std::lock_guard<std::mutex> trava(FTrava);
+                FSair = true;
+            }
+            FAviso.notify_all();
+            FLinha.join();
+        }
+        /// Dá a tarefa à linha (que a roda com o seu canvas, sobre a sua imagem).
+        void Iniciar(std::function<void(TCanvas &)> tarefa)
+        {
+            {
+                std::lock_guard<std::mutex> trava(FTrava);
+                FTarefa = std::move(tarefa);
+                FFalha = nullptr;
+                FFeita = false;
+            }
+            FAviso.notify_all();
+        }
+        /// Espera a tarefa; relança o que ela lançou.
+        void Esperar()
+        {
+            std::unique_lock<std::mutex> trava(FTrava);
+            FAviso.wait(trava, [this] { return FFeita; });
+            if (FFalha)
+                std::rethrow_exception(std::exchange(FFalha, nullptr));
+        }
+        QImage Imagem;
+
+    private:
+        void Laco()
+        {
+            TCanvas canvas(nullptr);
+            std::unique_lock<std::mutex> trava(FTrava);
+            for (;;) {
+                FAviso.wait(trava, [this] { return FSair || FTarefa; });
+                if (FSair)
+                    break;
+                std::function<void(TCanvas &)> tarefa = std::move(FTarefa);
+                FTarefa = nullptr;
+                trava.unlock();
+                std::exception_ptr falha;
+                try {
+                    tarefa(canvas);
+                } catch (...) {
+                    falha = std::current_exception();
+                }
+                canvas.AtribuirImagem(nullptr); // termina o pintor antes de a imagem ser lida
+                trava.lock();
+                FFalha = falha;
+                FFeita = true;
+                FAviso.notify_all();
+            }
+        }
+        std::mutex FTrava;
+        std::condition_variable FAviso;
+        std::function<void(TCanvas &)> FTarefa;
+        std::exception_ptr FFalha;
+        bool FFeita = true;
+        bool FSair = false;
+        std::thread FLinha; // por último: começa com o resto já construído
+    };
+    std::vector<std::unique_ptr<TLinha>> Linhas;
+    std::unordered_map<const TGISCamada *, double> Custo;
+};
+
 TGis::TGis(QWidget *parent)
     : QWidget(parent),
       FSeta(std::make_unique<TSeta>()),
@@ -121,6 +205,7 @@ TGis::TGis(QWidget *parent)
       FObservadorDaSelecao(std::make_unique<TObservadorDaSelecao>(*this))
 {
     FProjecao = FProjecaoPropria.get();
+    FLinhasDoDesenho = std::max(1, std::min(int(std::thread::hardware_concurrency()), 64));
     setMouseTracking(true);
     setAttribute(Qt::WA_OpaquePaintEvent);
     setFocusPolicy(Qt::StrongFocus);
@@ -276,18 +361,16 @@ void TGis::Desenhar()
         if (FRotulosSemSobreposicao)
             grade.emplace(FProjecao->AreaTela());
     }
-    for (int i = primeira; i < FCamadas->Count(); ++i) {
-        if (chave && !reaproveitar && i == primeiroVolatil) {
-            if (!FFundo)
-                FFundo = std::make_unique<TFundoGuardado>();
-            FFundo->Chave = *chave;
-            FFundo->Imagem = FBuffer.copy();
-            FFundo->Grade = grade;
-        }
-        TGISCamada *camada = FCamadas->Items(i);
-        if (!(zoom < camada->ZoomMinimo()) && !(zoom > camada->ZoomMaximo()))
-            DesenharCamada(*camada, canvas, *FProjecao, grade ? &*grade : nullptr);
+    if (chave && !reaproveitar) {
+        DesenharCamadas(0, primeiroVolatil, grade ? &*grade : nullptr);
+        if (!FFundo)
+            FFundo = std::make_unique<TFundoGuardado>();
+        FFundo->Chave = *chave;
+        FFundo->Imagem = FBuffer.copy();
+        FFundo->Grade = grade;
+        primeira = primeiroVolatil;
     }
+    DesenharCamadas(primeira, FCamadas->Count(), grade ? &*grade : nullptr);
     DesenharObjetoSelecionado();
     if (FSeta->Mostrar())
         FSeta->Desenhar(canvas);
@@ -483,6 +566,106 @@ void TGis::DesenharCamada(TGISCamada &camada, TCanvas &canvas, const TGISProjeca
     TContextoDeDesenho::Aliviar(rotulos);
 }
 
+void TGis::DesenharCamadas(int de, int ate, TGradeDeRotulos *grade)
+{
+    const double zoom = FProjecao->Zoom();
+    std::vector<TGISCamada *> camadas;
+    for (int i = de; i < ate; ++i) {
+        TGISCamada *camada = FCamadas->Items(i);
+        if (!(zoom < camada->ZoomMinimo()) && !(zoom > camada->ZoomMaximo()))
+            camadas.push_back(camada);
+    }
+    const int linhas = FDesenhoParalelo && !grade ? std::min(FLinhasDoDesenho, int(camadas.size())) : 1;
+    if (linhas < 2) {
+        for (TGISCamada *camada : camadas)
+            DesenharCamada(*camada, *FCanvas, *FProjecao, grade);
+        return;
+    }
+
+    // Grupos seguidos de custo parecido: o custo de uma camada é o do último quadro (uma camada
+    // nova conta pelo número de objetos, como se cada um custasse um microssegundo).
+    if (!FGrupos)
+        FGrupos = std::make_unique<TDesenhoEmGrupos>();
+    TDesenhoEmGrupos &grupos = *FGrupos;
+    std::vector<double> custo(camadas.size());
+    double total = 0;
+    for (std::size_t k = 0; k < camadas.size(); ++k) {
+        const auto achado = grupos.Custo.find(camadas[k]);
+        custo[k] = achado != grupos.Custo.end() ? achado->second : camadas[k]->Objetos().Count() * 1e-3 + 1e-3;
+        total += custo[k];
+    }
+    // inicio[g] é a primeira camada do grupo g; o grupo g vai até inicio[g + 1].
+    std::vector<std::size_t> inicio{0};
+    double acumulado = 0;
+    for (std::size_t k = 0; k < camadas.size(); ++k) {
+        const int gruposAbertos = int(inicio.size());
+        if (k > inicio.back() && gruposAbertos < linhas && acumulado + custo[k] / 2 > total * gruposAbertos / linhas)
+            inicio.push_back(k);
+        acumulado += custo[k];
+    }
+    inicio.push_back(camadas.size());
+    const std::size_t outros = inicio.size() - 2; // grupos além do primeiro
+
+    while (grupos.Linhas.size() < outros)
+        grupos.Linhas.push_back(std::make_unique<TDesenhoEmGrupos::TLinha>());
+    const double razao = FBuffer.devicePixelRatio();
+    for (std::size_t g = 0; g < outros; ++g) {
+        QImage &imagem = grupos.Linhas[g]->Imagem;
+        if (imagem.size() != FBuffer.size() || imagem.devicePixelRatio() != razao) {
+            imagem = QImage(FBuffer.size(), QImage::Format_ARGB32_Premultiplied);
+            imagem.setDevicePixelRatio(razao);
+        }
+        imagem.fill(Qt::transparent);
+    }
+
+    // Cada grupo desenha as suas camadas em ordem, com a sua cópia da projeção, e mede cada uma.
+    std::vector<double> medido(camadas.size());
+    auto desenharGrupo = [&](std::size_t g, TCanvas &canvas, const TGISProjecao &projecao) {
+        for (std::size_t k = inicio[g]; k < inicio[g + 1]; ++k) {
+            const auto comeco = std::chrono::steady_clock::now();
+            DesenharCamada(*camadas[k], canvas, projecao, nullptr);
+            medido[k] = std::chrono::duration<double>(std::chrono::steady_clock::now() - comeco).count();
+        }
+    };
+    std::vector<std::unique_ptr<TGISProjecao>> projecoes;
+    for (std::size_t g = 0; g < outros; ++g)
+        projecoes.push_back(FProjecao->Duplicar());
+    const bool suavizar = Suavizar();
+    for (std::size_t g = 0; g < outros; ++g) {
+        TDesenhoEmGrupos::TLinha &linha = *grupos.Linhas[g];
+        linha.Iniciar([&, g, suavizar](TCanvas &canvas) {
+            canvas.AtribuirImagem(&grupos.Linhas[g]->Imagem);
+            canvas.AtribuirSuavizar(suavizar);
+            TGISObjeto::AtribuirTabelaSimbolos(canvas, FTabelaDeSimbolos);
+            desenharGrupo(g + 1, canvas, *projecoes[g]);
+        });
+    }
+    std::exception_ptr falha;
+    try {
+        desenharGrupo(0, *FCanvas, *FProjecao);
+    } catch (...) {
+        falha = std::current_exception();
+    }
+    for (std::size_t g = 0; g < outros; ++g) {
+        try {
+            grupos.Linhas[g]->Esperar();
+        } catch (...) {
+            if (!falha)
+                falha = std::current_exception();
+        }
+    }
+    if (falha)
+        std::rethrow_exception(falha);
+
+    // As imagens dos outros grupos, por cima e em ordem. Um pixel opaco cobre o de baixo
+    // exatamente; um transparente o deixa como está.
+    for (std::size_t g = 0; g < outros; ++g)
+        FCanvas->Draw(0, 0, grupos.Linhas[g]->Imagem);
+    grupos.Custo.clear();
+    for (std::size_t k = 0; k < camadas.size(); ++k)
+        grupos.Custo[camadas[k]] = medido[k];
+}
+
 void TGis::DesenharObjetoSelecionado()
 {
     if (!FObjetoSelecionado)
@@ -579,10 +762,15 @@ QString TGis::ObterRotulo(const TGISObjeto &objeto) const
         const QString valor = info.ObterValorCampo(campo).trimmed();
         // O valor já está no texto quando aparece nele terminando onde termina um trecho (antes
         // de ", " ou no fim): "Azul" já está em "Rio Azul", "Rio" não.
-        if (valor.isEmpty() || (texto + separador).contains(valor + separador))
+        if (valor.isEmpty())
             continue;
-        if (!texto.isEmpty())
-            texto += separador;
+        if (texto.isEmpty()) { // o primeiro valor: dividido, sem cópia
+            texto = valor;
+            continue;
+        }
+        if ((texto + separador).contains(valor + separador))
+            continue;
+        texto += separador;
         texto += valor;
     }
     return texto;

@@ -18,6 +18,7 @@
 #include <QSize>
 #include <QStringList>
 #include <QWidget>
+#include <algorithm>
 #include <cmath>
 #include <functional>
 #include <memory>
@@ -349,6 +350,24 @@ public:
     /// projeção atual (`TGISPonto::RetanguloNaTela`), nos dois modos.
     bool UsarIndice() const { return FUsarIndice; }
     void AtribuirUsarIndice(bool usar) { FUsarIndice = usar; }
+    /// Extensão: verdadeiro desenha as camadas de `Desenhar` em mais de uma linha de execução
+    /// (uma por núcleo, no máximo `LinhasDoDesenho`): as camadas são repartidas em grupos seguidos
+    /// pelo custo do quadro anterior, o primeiro grupo é desenhado no buffer e cada outro numa
+    /// imagem transparente própria, composta por cima na ordem das camadas. Os pixels são os do
+    /// desenho numa linha só, menos o arredondamento das misturas de pixels meio transparentes: o
+    /// texto de um rótulo pode diferir em 1 por canal (2 com halo; alguns níveis onde rótulos se
+    /// sobrepõem, mais numa tela de alta densidade) e, com `Suavizar`, as bordas em poucos níveis. As
+    /// camadas precisam ser independentes (nenhum objeto em duas camadas desenhadas ao mesmo
+    /// tempo); os avisos e eventos ficam na linha da interface, que espera o quadro inteiro. Com
+    /// `RotulosSemSobreposicao` o desenho é numa linha só (a grade dos rótulos é uma só, em ordem).
+    /// Falso (padrão): uma linha. Cada linha a mais guarda uma imagem do tamanho do buffer e fica
+    /// esperando o próximo quadro enquanto o controle existir.
+    bool DesenhoParalelo() const { return FDesenhoParalelo; }
+    void AtribuirDesenhoParalelo(bool ligado) { FDesenhoParalelo = ligado; }
+    /// Extensão: quantas linhas de execução o desenho paralelo usa no máximo (padrão: os núcleos
+    /// da máquina; 1 desliga na prática).
+    int LinhasDoDesenho() const { return FLinhasDoDesenho; }
+    void AtribuirLinhasDoDesenho(int linhas) { FLinhasDoDesenho = std::max(1, std::min(linhas, 64)); }
 
 Q_SIGNALS:
     /// Emitido no começo da destruição, enquanto o controle ainda está inteiro: quem guarda uma
@@ -430,6 +449,9 @@ private:
     struct TFundoGuardado;
     /// As camadas estáticas abaixo da primeira volátil, já desenhadas, e o que as decidiu.
     std::unique_ptr<TFundoGuardado> FFundo;
+    struct TDesenhoEmGrupos;
+    /// As imagens e canvas das linhas de execução a mais e o custo de cada camada no último quadro.
+    std::unique_ptr<TDesenhoEmGrupos> FGrupos;
     TTabelaDeCores *FTabelaDeCores = nullptr;
     std::unique_ptr<TStringList> FRotulos;
     TFont FFonteRotulo;
@@ -460,6 +482,9 @@ private:
 
     /// Desenha a camada escrevendo os rótulos na grade dada (nula: sem teste de sobreposição).
     void DesenharCamada(TGISCamada &camada, TCanvas &canvas, const TGISProjecao &projecao, TGradeDeRotulos *grade);
+    /// Desenha no buffer as camadas de índice `de` a `ate` - 1 que o zoom mostra, em ordem: numa
+    /// linha só ou, com `DesenhoParalelo` e sem grade, em grupos.
+    void DesenharCamadas(int de, int ate, TGradeDeRotulos *grade);
     /// Escreve o rótulo em (x, y) com o halo, se há; pula-o (falso) quando a grade diz que ele se
     /// sobrepõe a outro.
     bool EscreverRotulo(TCanvas &canvas, int x, int y, const QString &texto, TGradeDeRotulos *grade);
@@ -473,6 +498,8 @@ private:
     TColor FCorDoHalo = clNone;
     bool FRotulosSemSobreposicao = false;
     bool FUsarIndice = true;
+    bool FDesenhoParalelo = false;
+    int FLinhasDoDesenho = 1;
     bool FSetaNoCentroDaArea = false;
     bool FVisaoAvisada = false;
     double FZoomAvisado = 0.0;

@@ -3,9 +3,14 @@
 #include <QFontMetrics>
 #include <QPainter>
 #include <QPainterPath>
+#include <QHash>
+#include <QStaticText>
 
 #include <algorithm>
+#include <cstdint>
 #include <cstdlib>
+#include <thread>
+#include <vector>
 
 namespace tavru {
 
@@ -21,7 +26,7 @@ inline const QPoint *ComoQPoints(const TPoint *p)
 
 } // namespace
 
-TCanvas::TCanvas(QImage *imagem)
+TCanvas::TCanvas(QImage *imagem) : FLinhaDona(std::this_thread::get_id())
 {
     AtribuirImagem(imagem);
 }
@@ -61,7 +66,25 @@ unsigned TCanvas::SetTextAlign(unsigned bandeiras)
     return anterior;
 }
 
+namespace {
+/// Verdadeiro quando as duas fontes dispõem o texto do mesmo jeito (a cor não conta). O nome é
+/// comparado primeiro pelos dados, que as cópias de uma fonte dividem.
+bool MesmaForma(const TFont &a, const TFont &b)
+{
+    return a.Height() == b.Height() && a.Size() == b.Size() && a.Style == b.Style && a.Charset == b.Charset
+        && a.Escapement == b.Escapement && (a.Name.constData() == b.Name.constData() || a.Name == b.Name);
+}
+
+/// Uma cor que nenhuma fonte tem (nem `clNone`): obriga o texto a pôr a sua caneta.
+constexpr TColor CorNenhumaDoTexto = INT32_MIN;
+} // namespace
+
 QPainter *TCanvas::Preparar()
+{
+    return Aplicar(true);
+}
+
+QPainter *TCanvas::Aplicar(bool caneta)
 {
     if (!FImagem || FImagem->isNull())
         return nullptr;
@@ -70,7 +93,15 @@ QPainter *TCanvas::Preparar()
         FPainter->setRenderHint(QPainter::Antialiasing, FSuavizar);
         FAplicado = false;
     }
-    if (!FAplicado || !(FPenAplicada == FPen)) {
+    if (!caneta) {
+        // Quem escreve texto põe a cor do texto como caneta; sem caneta aplicada ainda, a marca
+        // obriga o texto a pô-la e o próximo `Preparar` a devolver a do canvas.
+        if (!FAplicado) {
+            FCanetaDoTexto = true;
+            FCorDoTexto = CorNenhumaDoTexto;
+        }
+    } else if (!FAplicado || FCanetaDoTexto || !(FPenAplicada == FPen)) {
+        FCanetaDoTexto = false;
         QPen caneta = FPen.ParaQPen();
         // Numa imagem de alta densidade (razão de pixels acima de 1), a linha de um pixel tem um
         // pixel lógico de largura, como os textos e as formas, e não um pixel do aparelho.
@@ -165,14 +196,109 @@ void TCanvas::FillRect(const TRect &r)
         p->fillRect(r.ParaQRect(), FBrush.ParaQBrush());
 }
 
+/// Um texto medido e disposto numa fonte.
+struct TCanvas::TTextoPronto
+{
+    QStaticText Texto;
+    int Largura = 0;
+};
+
+/// Os textos prontos do canvas, uma tabela por fonte (as usadas por último na frente).
+struct TCanvas::TTextosProntos
+{
+    static constexpr std::size_t MaximoDeFontes = 8;
+    struct TDaFonte
+    {
+        TFont Fonte;
+        QFont FonteQt;
+        QHash<QString, TTextoPronto> Textos;
+    };
+    std::vector<TDaFonte> Fontes;
+    /// O último texto pedido, na fonte da frente: o halo e a grade dos rótulos pedem o mesmo
+    /// texto várias vezes seguidas, e a tabela grande custa uma falta de cache por consulta.
+    QString UltimoTexto;
+    const TTextoPronto *Ultimo = nullptr;
+    /// Textos guardados em todas as fontes.
+    int Total = 0;
+};
+
+const TCanvas::TTextoPronto *TCanvas::Pronto(const QString &texto) const
+{
+    if (!FProntos)
+        FProntos = std::make_unique<TTextosProntos>();
+    std::vector<TTextosProntos::TDaFonte> &fontes = FProntos->Fontes;
+    auto daFonte = std::find_if(fontes.begin(), fontes.end(), [this](const auto &f) { return MesmaForma(f.Fonte, FFont); });
+    if (daFonte == fontes.end()) {
+        if (fontes.size() >= TTextosProntos::MaximoDeFontes) {
+            FProntos->Total -= int(fontes.back().Textos.size());
+            fontes.pop_back();
+        }
+        fontes.insert(fontes.begin(), TTextosProntos::TDaFonte{FFont, FFont.ParaQFont(), {}});
+        daFonte = fontes.begin();
+        FProntos->Ultimo = nullptr;
+    } else if (daFonte != fontes.begin()) {
+        std::rotate(fontes.begin(), daFonte, daFonte + 1);
+        daFonte = fontes.begin();
+        FProntos->Ultimo = nullptr;
+    } else if (FProntos->Ultimo && texto == FProntos->UltimoTexto) {
+        return FProntos->Ultimo;
+    }
+    QHash<QString, TTextoPronto> &textos = daFonte->Textos;
+    auto achado = textos.constFind(texto);
+    if (achado == textos.constEnd()) {
+        // Cheio: o texto novo fica sem guardar (esvaziar e recomeçar faria um quadro com mais
+        // rótulos que o limite preparar todos de novo a cada vez).
+        if (FProntos->Total >= LimiteDeTextosProntos)
+            return nullptr;
+        ++FProntos->Total;
+        TTextoPronto pronto;
+        pronto.Largura = Metricas().horizontalAdvance(texto);
+        pronto.Texto.setText(texto);
+        pronto.Texto.setTextFormat(Qt::PlainText);
+        pronto.Texto.prepare(QTransform(), daFonte->FonteQt);
+        achado = textos.insert(texto, std::move(pronto));
+    }
+    FProntos->UltimoTexto = texto;
+    FProntos->Ultimo = &*achado;
+    return FProntos->Ultimo;
+}
+
 void TCanvas::TextOut(int x, int y, const QString &texto)
 {
-    QPainter *p = Preparar();
+    const TTextoPronto *pronto =
+        FFont.Escapement == 0 && std::this_thread::get_id() == FLinhaDona ? Pronto(texto) : nullptr;
+    QPainter *p = pronto ? Aplicar(false) : Preparar();
     if (!p || texto.isEmpty()) {
         FPenPos = TPoint(x + TextWidth(texto), y);
         return;
     }
     const QFontMetrics &m = Metricas();
+    if (pronto) {
+        // O caminho dos rótulos: o texto pronto, sem salvar e restaurar o pintor (a caneta fica
+        // com a cor do texto até o próximo `Preparar`).
+        int dx = 0;
+        switch (FTextAlign & TA_CENTER) {
+        case TA_RIGHT: dx = -pronto->Largura; break;
+        case TA_CENTER: dx = -pronto->Largura / 2; break;
+        default: break;
+        }
+        int dy = 0;
+        switch (FTextAlign & TA_BASELINE) {
+        case TA_BOTTOM: dy = -m.height(); break;
+        case TA_BASELINE: dy = -m.ascent(); break;
+        default: break;
+        }
+        if (FBrush.Style != bsClear && FBrush.Color != clNone)
+            p->fillRect(QRect(x + dx, y + dy, pronto->Largura, m.height()), ParaQColor(FBrush.Color));
+        if (!FCanetaDoTexto || FCorDoTexto != FFont.Color) {
+            p->setPen(ParaQColor(FFont.Color));
+            FCanetaDoTexto = true;
+            FCorDoTexto = FFont.Color;
+        }
+        p->drawStaticText(x + dx, y + dy, pronto->Texto);
+        FPenPos = TPoint(x + pronto->Largura, y);
+        return;
+    }
     const int largura = m.horizontalAdvance(texto);
     const int h = m.height();
     int dx = 0;
@@ -247,7 +373,7 @@ void TCanvas::CopyRect(const TRect &destino, TCanvas &canvasOrigem, const TRect 
 
 const QFontMetrics &TCanvas::Metricas() const
 {
-    if (!FMetricas || !(FFonteMedida == FFont)) {
+    if (!FMetricas || !MesmaForma(FFonteMedida, FFont)) {
         FMetricas = std::make_unique<QFontMetrics>(FFont.ParaQFont());
         FFonteMedida = FFont;
     }
@@ -256,6 +382,9 @@ const QFontMetrics &TCanvas::Metricas() const
 
 int TCanvas::TextWidth(const QString &texto) const
 {
+    if (std::this_thread::get_id() == FLinhaDona)
+        if (const TTextoPronto *pronto = Pronto(texto))
+            return pronto->Largura;
     return Metricas().horizontalAdvance(texto);
 }
 

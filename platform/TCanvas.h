@@ -27,6 +27,7 @@
 #include <QSize>
 #include <QString>
 #include <memory>
+#include <thread>
 #include <vector>
 
 class QFontMetrics;
@@ -104,8 +105,18 @@ public:
     virtual void FillRect(const TRect &r);
     /// Escreve o texto no ponto de referência (x, y) com a fonte (e a cor dela), o alinhamento e o
     /// escapamento correntes; o fundo da célula do texto é pintado com a cor do pincel, a menos que
-    /// ele seja `bsClear`. Move a caneta para (x + largura do texto, y).
+    /// ele seja `bsClear`. Move a caneta para (x + largura do texto, y). Sem escapamento, o texto
+    /// é preparado (medido e disposto) uma vez por fonte e guardado no canvas, até
+    /// `LimiteDeTextosProntos` textos (cerca de meio kilobyte cada; passando disso, os textos novos
+    /// são medidos a cada vez): quem escreve os mesmos rótulos a cada quadro não os mede de novo.
+    /// Os textos ficam guardados enquanto o canvas existir (de propósito: são os rótulos do
+    /// próximo quadro). Os textos prontos usam as fontes da linha de execução que os preparou (o
+    /// Qt as guarda por linha e as libera quando ela termina): só a linha que criou o canvas os
+    /// guarda; noutra linha o texto é medido a cada vez, como antes. Um canvas que escreveu texto
+    /// é liberado antes de a linha que o criou terminar.
     virtual void TextOut(int x, int y, const QString &texto);
+    /// Quantos textos prontos o canvas guarda, somadas as fontes.
+    static constexpr int LimiteDeTextosProntos = 1 << 17;
     /// Escreve o texto com o canto superior esquerdo em (x, y), recortado ao retângulo (o
     /// alinhamento de `TextOut` não vale aqui).
     virtual void TextRect(const TRect &r, int x, int y, const QString &texto);
@@ -117,6 +128,8 @@ public:
     /// `cmDstInvert` só inverte os pixels de `destino`.
     virtual void CopyRect(const TRect &destino, TCanvas &canvasOrigem, const TRect &origem);
 
+    /// A largura do texto na fonte corrente, em pixels lógicos. Cada texto é medido uma vez por
+    /// fonte e guardado no canvas com o seu desenho pronto (ver `TextOut`).
     int TextWidth(const QString &texto) const;
     int TextHeight(const QString &texto) const;
     QSize TextExtent(const QString &texto) const;
@@ -133,8 +146,16 @@ protected:
 
 private:
     void Encerrar();
+    /// `Preparar`, deixando a caneta do pintor como está quando `caneta` é falso (o texto põe a
+    /// sua).
+    QPainter *Aplicar(bool caneta);
     /// A medida da fonte corrente (refeita quando a fonte mudou desde a última medida).
     const QFontMetrics &Metricas() const;
+    struct TTextoPronto;
+    struct TTextosProntos;
+    /// O texto preparado na fonte corrente (medido e disposto na primeira vez); nulo quando ele
+    /// não está guardado e o canvas já guarda `LimiteDeTextosProntos`.
+    const TTextoPronto *Pronto(const QString &texto) const;
 
     QImage *FImagem = nullptr;
     std::unique_ptr<QPainter> FPainter;
@@ -152,6 +173,12 @@ private:
     bool FSuavizar = false;
     mutable std::unique_ptr<QFontMetrics> FMetricas;
     mutable TFont FFonteMedida;
+    mutable std::unique_ptr<TTextosProntos> FProntos;
+    /// A linha de execução que criou o canvas: a única que usa os textos prontos.
+    std::thread::id FLinhaDona;
+    /// O pintor está com a cor do texto como caneta (o próximo `Preparar` devolve a caneta).
+    bool FCanetaDoTexto = false;
+    TColor FCorDoTexto = clNone;
     TContextoDeDesenho FContexto;
 };
 

@@ -8,6 +8,7 @@
 #include <QRegularExpression>
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <cstdlib>
 #include <cstring>
 #include <limits>
@@ -336,7 +337,9 @@ enum class TEntrada { Utf8, Ascii, Latin1, Utf16LE, Utf16BE };
 
 char *NovoBloco(size_t tamanho, const QString &origem)
 {
-    void *bloco = pugi::get_memory_allocation_function()(std::max<size_t>(tamanho, 1));
+    // O bloco é nosso (o DOM analisa no lugar sem tomar posse), do malloc: assim a conversão de
+    // ISO-8859-1 o estica com realloc, sem uma segunda cópia do arquivo.
+    void *bloco = std::malloc(std::max<size_t>(tamanho, 1));
     if (!bloco)
         throw EFilerError(QStringLiteral("%1: memória insuficiente para ler o documento.").arg(origem));
     return static_cast<char *>(bloco);
@@ -476,13 +479,28 @@ QString BytesEmHexa(const unsigned char *p, size_t n)
 // Percorre o texto UTF-8 (ou só ASCII) e devolve o deslocamento do primeiro problema, ou `n`.
 size_t Varrer(const unsigned char *p, size_t n, bool soAscii, const QString &codificacao, QString &problema)
 {
-    // Bytes que pedem atenção: controles, '<', '&', '>' e os de fora do ASCII.
-    static const auto especiais = [] {
+    // Bytes que pedem atenção: os de fora do ASCII, os controles (menos tabulação e fim de
+    // linha) e, no texto, '<' e '&'; dentro de um comentário, CDATA ou instrução, '>'.
+    static const auto tabela = [](bool texto) {
         std::array<bool, 256> t{};
         for (int c = 0; c < 256; ++c)
-            t[static_cast<size_t>(c)] = c < 0x20 || c >= 0x80 || c == '<' || c == '&' || c == '>';
+            t[static_cast<size_t>(c)] = (c < 0x20 && c != '\t' && c != '\n' && c != '\r') || c >= 0x80
+                || (texto ? c == '<' || c == '&' : c == '>');
         return t;
-    }();
+    };
+    static const std::array<bool, 256> especiaisNoTexto = tabela(true);
+    static const std::array<bool, 256> especiaisDentro = tabela(false);
+    // Oito bytes de uma vez: verdadeiro se algum pode pedir atenção (um byte alto, um abaixo de
+    // 0x20 ou o marcador do estado). Um falso positivo (tabulação, fim de linha) só manda olhar
+    // byte a byte.
+    constexpr std::uint64_t uns = 0x0101010101010101ULL;
+    constexpr std::uint64_t altos = 0x8080808080808080ULL;
+    const auto temZero = [](std::uint64_t v) { return (v - uns) & ~v & altos; };
+    const auto talvez = [&](std::uint64_t w, bool texto) {
+        const std::uint64_t abaixo = (w - uns * 0x20) & ~w & altos;
+        const std::uint64_t marcador = texto ? temZero(w ^ (uns * '<')) | temZero(w ^ (uns * '&')) : temZero(w ^ (uns * '>'));
+        return ((w & altos) | abaixo | marcador) != 0;
+    };
     enum { Texto, Comentario, CData, Instrucao } estado = Texto;
     size_t inicio = 0; // onde começou o comentário, o CDATA ou a instrução
     const auto comeca = [&](size_t i, std::string_view s) {
@@ -490,8 +508,18 @@ size_t Varrer(const unsigned char *p, size_t n, bool soAscii, const QString &cod
     };
     size_t i = 0;
     while (i < n) {
-        while (i < n && !especiais[p[i]])
-            ++i;
+        const bool texto = estado == Texto;
+        const std::array<bool, 256> &especiais = texto ? especiaisNoTexto : especiaisDentro;
+        for (;;) {
+            std::uint64_t w;
+            while (i + 8 <= n && (std::memcpy(&w, p + i, 8), !talvez(w, texto)))
+                i += 8;
+            const size_t fim = std::min(n, i + 8);
+            while (i < fim && !especiais[p[i]])
+                ++i;
+            if (i < fim || i >= n)
+                break;
+        }
         if (i >= n)
             break;
         const unsigned char c = p[i];
@@ -555,6 +583,10 @@ size_t Varrer(const unsigned char *p, size_t n, bool soAscii, const QString &cod
                 continue;
             }
             if (c == '<') {
+                if (i + 1 < n && p[i + 1] != '!' && p[i + 1] != '?') {
+                    inicio = ++i; // um elemento: o caso comum
+                    continue;
+                }
                 if (comeca(i, "<!--")) {
                     estado = Comentario;
                     i += 4;
@@ -594,14 +626,14 @@ size_t Varrer(const unsigned char *p, size_t n, bool soAscii, const QString &cod
 TTextoDoDocumento::~TTextoDoDocumento()
 {
     if (FBloco)
-        pugi::get_memory_deallocation_function()(FBloco);
+        std::free(FBloco);
 }
 
 char *TTextoDoDocumento::Alocar(size_t tamanho)
 {
     char *novo = NovoBloco(tamanho, QStringLiteral("O documento"));
     if (FBloco)
-        pugi::get_memory_deallocation_function()(FBloco);
+        std::free(FBloco);
     FBloco = novo;
     FInicio = 0;
     FTamanho = tamanho;
@@ -616,7 +648,7 @@ void ConferirDocumento(TTextoDoDocumento &texto, const QString &origem, size_t d
     QString nome;
     const TEntrada entrada = CodificacaoDeEntrada(p, n, marca, nome, origem);
     const auto trocar = [&](char *novo, size_t tamanho) {
-        pugi::get_memory_deallocation_function()(texto.FBloco);
+        std::free(texto.FBloco);
         texto.FBloco = novo;
         texto.FInicio = 0;
         texto.FTamanho = tamanho;
@@ -633,17 +665,32 @@ void ConferirDocumento(TTextoDoDocumento &texto, const QString &origem, size_t d
             altos += p[i] >> 7;
         if (altos == 0)
             break;
-        char *novo = NovoBloco(n + altos, origem);
-        char *d = novo;
-        for (size_t i = 0; i < n; ++i) {
-            if (p[i] < 0x80) {
-                *d++ = static_cast<char>(p[i]);
-            } else {
-                *d++ = static_cast<char>(0xC0 | (p[i] >> 6));
-                *d++ = static_cast<char>(0x80 | (p[i] & 0x3F));
-            }
+        // O bloco cresce no lugar (um bloco grande do malloc cresce sem cópia) e a conversão
+        // anda de trás para a frente: cada byte alto vira dois, e os trechos ASCII entre eles
+        // andam inteiros.
+        const size_t inicio = texto.FInicio;
+        void *maior = std::realloc(texto.FBloco, inicio + n + altos);
+        if (!maior)
+            throw EFilerError(QStringLiteral("%1: memória insuficiente para ler o documento.").arg(origem));
+        texto.FBloco = static_cast<char *>(maior);
+        auto *q = reinterpret_cast<unsigned char *>(texto.FBloco + inicio);
+        size_t de = n;
+        size_t para = n + altos;
+        while (de < para) {
+            size_t j = de;
+            std::uint64_t w;
+            while (j >= 8 && (std::memcpy(&w, q + j - 8, 8), (w & 0x8080808080808080ULL) == 0))
+                j -= 8;
+            while (j > 0 && q[j - 1] < 0x80)
+                --j;
+            para -= de - j;
+            std::memmove(q + para, q + j, de - j);
+            de = j;
+            const unsigned char c = q[--de];
+            q[--para] = static_cast<unsigned char>(0x80 | (c & 0x3F));
+            q[--para] = static_cast<unsigned char>(0xC0 | (c >> 6));
         }
-        trocar(novo, n + altos);
+        texto.FTamanho = n + altos;
         break;
     }
     case TEntrada::Utf16LE:

@@ -391,15 +391,21 @@ void TTratadorDeArquivosXML::AtribuirXMLPontos(TGISPosicaoListList &partes, cons
     try {
         int indice = 0;
         for (pugi::xml_node filho = node.first_child(); filho; filho = filho.next_sibling(), ++indice) {
-            const pugi::xml_attribute latitude = filho.attribute("Latitude");
-            const pugi::xml_attribute longitude = filho.attribute("Longitude");
+            // Uma volta pelos atributos do vértice (e não uma busca por nome para cada um); vale o
+            // primeiro de cada nome, como na busca.
+            pugi::xml_attribute latitude, longitude, tipo;
+            for (pugi::xml_attribute a = filho.first_attribute(); a; a = a.next_attribute()) {
+                const char *nome = a.name();
+                if (!latitude && std::strcmp(nome, "Latitude") == 0)
+                    latitude = a;
+                else if (!longitude && std::strcmp(nome, "Longitude") == 0)
+                    longitude = a;
+                else if (!tipo && std::strcmp(nome, "Tipo") == 0)
+                    tipo = a;
+            }
             if (!latitude && !longitude)
                 continue;
-            bool nova = indice == 0 || !parte;
-            if (!nova) {
-                const pugi::xml_attribute tipo = filho.attribute("Tipo");
-                nova = tipo && std::strcmp(tipo.value(), "Inicio") == 0;
-            }
+            const bool nova = indice == 0 || !parte || (tipo && std::strcmp(tipo.value(), "Inicio") == 0);
             if (nova) {
                 fecharParte();
                 parte = new TGISPosicaoList;
