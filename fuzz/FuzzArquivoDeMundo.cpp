@@ -8,33 +8,24 @@
 
 #include <QFile>
 #include <QImage>
-#include <QTemporaryDir>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
-
-namespace {
-QString Pasta()
-{
-    static QTemporaryDir pasta;
-    return pasta.path();
-}
-} // namespace
 
 extern "C" int LLVMFuzzerInitialize(int *argc, char ***argv)
 {
     tavru::fuzz::IniciarAplicacao(argc, argv);
     QImage figura(3, 2, QImage::Format_RGB32);
     figura.fill(Qt::blue);
-    figura.save(Pasta() + QStringLiteral("/figura.png"));
+    figura.save(tavru::fuzz::PastaTemporaria() + QStringLiteral("/figura.png"));
     return 0;
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *dados, std::size_t tamanho)
 {
-    const QString figura = Pasta() + QStringLiteral("/figura.png");
+    const QString figura = tavru::fuzz::PastaTemporaria() + QStringLiteral("/figura.png");
     {
-        QFile arquivo(Pasta() + QStringLiteral("/figura.pgw"));
+        QFile arquivo(tavru::fuzz::PastaTemporaria() + QStringLiteral("/figura.pgw"));
         if (!arquivo.open(QIODevice::WriteOnly | QIODevice::Truncate))
             return 0;
         arquivo.write(reinterpret_cast<const char *>(dados), static_cast<qint64>(tamanho));

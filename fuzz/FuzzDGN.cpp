@@ -8,6 +8,7 @@
 // - ímpar: o ".geo" de uma carta, lido por `TfrmConfigurarDGN::Ler`; o que for lido é gravado e
 //   lido de volta e tem de dar os mesmos controles.
 
+#include "AplicacaoFuzz.h"
 #include <tavru/core/TGISObjetoList.h>
 #include <tavru/core/TGISPosicaoList.h>
 #include <tavru/elements/GISArea.h>
@@ -21,7 +22,6 @@
 #include <QFile>
 #include <QRadioButton>
 #include <QSpinBox>
-#include <QTemporaryDir>
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
@@ -32,12 +32,6 @@
 using namespace tavru;
 
 namespace {
-
-QString Pasta()
-{
-    static QTemporaryDir pasta;
-    return pasta.path();
-}
 
 void Registros(const std::uint8_t *dados, std::size_t tamanho)
 {
@@ -93,9 +87,9 @@ void Registros(const std::uint8_t *dados, std::size_t tamanho)
 
 void ArquivoGeo(const std::uint8_t *dados, std::size_t tamanho)
 {
-    const QString carta = Pasta() + QStringLiteral("/carta.dgn");
+    const QString carta = tavru::fuzz::PastaTemporaria() + QStringLiteral("/carta.dgn");
     {
-        QFile geo(Pasta() + QStringLiteral("/carta.geo"));
+        QFile geo(tavru::fuzz::PastaTemporaria() + QStringLiteral("/carta.geo"));
         if (!geo.open(QIODevice::WriteOnly | QIODevice::Truncate))
             return;
         geo.write(reinterpret_cast<const char *>(dados), static_cast<qint64>(tamanho));

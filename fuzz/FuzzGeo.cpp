@@ -8,18 +8,9 @@
 #include <tavru/platform/Exception.h>
 
 #include <QFile>
-#include <QTemporaryDir>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
-
-namespace {
-QString Pasta()
-{
-    static QTemporaryDir pasta;
-    return pasta.path();
-}
-} // namespace
 
 extern "C" int LLVMFuzzerInitialize(int *argc, char ***argv)
 {
@@ -29,7 +20,7 @@ extern "C" int LLVMFuzzerInitialize(int *argc, char ***argv)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *dados, std::size_t tamanho)
 {
-    const QString figura = Pasta() + QStringLiteral("/figura.png");
+    const QString figura = tavru::fuzz::PastaTemporaria() + QStringLiteral("/figura.png");
     {
         QFile arquivo(tavru::TGISImagem::NomeArquivoGEO(figura));
         if (!arquivo.open(QIODevice::WriteOnly | QIODevice::Truncate))

@@ -10,18 +10,9 @@
 #include <tavru/platform/Exception.h>
 
 #include <QFile>
-#include <QTemporaryDir>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
-
-namespace {
-QString Pasta()
-{
-    static QTemporaryDir pasta;
-    return pasta.path();
-}
-} // namespace
 
 extern "C" int LLVMFuzzerInitialize(int *argc, char ***argv)
 {
@@ -32,7 +23,7 @@ extern "C" int LLVMFuzzerInitialize(int *argc, char ***argv)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *dados, std::size_t tamanho)
 {
-    const QString nome = Pasta() + QStringLiteral("/entrada.geojson");
+    const QString nome = tavru::fuzz::PastaTemporaria() + QStringLiteral("/entrada.geojson");
     {
         QFile arquivo(nome);
         if (!arquivo.open(QIODevice::WriteOnly | QIODevice::Truncate))

@@ -8,18 +8,9 @@
 #include <tavru/platform/Exception.h>
 
 #include <QFile>
-#include <QTemporaryDir>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
-
-namespace {
-QString Pasta()
-{
-    static QTemporaryDir pasta;
-    return pasta.path();
-}
-} // namespace
 
 extern "C" int LLVMFuzzerInitialize(int *argc, char ***argv)
 {
@@ -33,7 +24,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *dados, std::size_t tam
         return 0;
     // Um nome por entrada: a mesma figura lida de novo viria da lista das já lidas.
     static int contador = 0;
-    const QString nome = Pasta() + QStringLiteral("/m%1.%2").arg(++contador).arg(dados[0] % 2 ? "emf" : "wmf");
+    const QString nome = tavru::fuzz::PastaTemporaria() + QStringLiteral("/m%1.%2").arg(++contador).arg(dados[0] % 2 ? "emf" : "wmf");
     {
         QFile arquivo(nome);
         if (!arquivo.open(QIODevice::WriteOnly | QIODevice::Truncate))

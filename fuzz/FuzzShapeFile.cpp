@@ -10,19 +10,12 @@
 #include <tavru/platform/Exception.h>
 
 #include <QFile>
-#include <QTemporaryDir>
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
 
 namespace {
-
-QString Pasta()
-{
-    static QTemporaryDir pasta;
-    return pasta.path();
-}
 
 void Escrever(const QString &nome, const std::uint8_t *dados, std::size_t tamanho)
 {
@@ -55,7 +48,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *dados, std::size_t tam
     const std::size_t shp = std::min(Tamanho(dados), resto);
     const std::size_t shx = std::min(Tamanho(dados + 4), resto - shp);
     const std::uint8_t *p = dados + 8;
-    const QString base = Pasta() + QStringLiteral("/fuzz");
+    const QString base = tavru::fuzz::PastaTemporaria() + QStringLiteral("/fuzz");
     Escrever(base + ".shp", p, shp);
     Escrever(base + ".shx", p + shp, shx);
     Escrever(base + ".dbf", p + shp + shx, resto - shp - shx);

@@ -29,7 +29,7 @@
 
 using namespace tavru;
 
-#include "MedidasDeBench.h"
+#include "LinhasDeBench.h"
 
 using namespace tavru::bench;
 
@@ -95,24 +95,6 @@ double OgrSozinho(const QString &nome, long long &vertices)
     return t;
 }
 
-// Os mesmos objetos, sem leitura: alocação e preenchimento do modelo.
-double SoObjetos()
-{
-    const auto inicio = Relogio::now();
-    TGISObjetoList lista;
-    for (int i = 0; i < Linhas; ++i) {
-        auto *linha = new TGISLinha;
-        auto *parte = new TGISPosicaoList;
-        parte->Redimensionar(Vertices);
-        linha->Pontos().Add(parte);
-        linha->CalcularLimites();
-        linha->Informacoes().AdicionarCampo(QStringLiteral("Nome"), QStringLiteral("Linha 00001"));
-        linha->Informacoes().AdicionarCampo(QStringLiteral("Tipo"), QStringLiteral("rio"));
-        lista.Add(linha);
-    }
-    return Segundos(inicio);
-}
-
 } // namespace
 
 int main(int argc, char **argv)
@@ -134,7 +116,7 @@ int main(int argc, char **argv)
         int objetos = 0;
         for (int rodada = 0; rodada < 3; ++rodada) {
             melhorOgr = std::min(melhorOgr, OgrSozinho(nome, vertices));
-            melhorObjetos = std::min(melhorObjetos, SoObjetos());
+            melhorObjetos = std::min(melhorObjetos, MontarLinhasSemLeitura(Linhas, Vertices));
             TGISObjetoList lista;
             inicio = Relogio::now();
             lista.Ler(nome, tipo);

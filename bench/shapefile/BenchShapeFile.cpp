@@ -31,7 +31,7 @@
 
 using namespace tavru;
 
-#include "MedidasDeBench.h"
+#include "LinhasDeBench.h"
 
 using namespace tavru::bench;
 
@@ -93,24 +93,6 @@ double ShapelibSozinho(const QString &nome, bool atributos, long long &vertices)
     return t;
 }
 
-// Os mesmos objetos, sem leitura: alocação e preenchimento do modelo.
-double SoObjetos()
-{
-    const auto inicio = Relogio::now();
-    TGISObjetoList lista;
-    for (int i = 0; i < Linhas; ++i) {
-        auto *linha = new TGISLinha;
-        auto *parte = new TGISPosicaoList;
-        parte->Redimensionar(Vertices);
-        linha->Pontos().Add(parte);
-        linha->CalcularLimites();
-        linha->Informacoes().AdicionarCampo(QStringLiteral("Nome"), QStringLiteral("Linha 00001"));
-        linha->Informacoes().AdicionarCampo(QStringLiteral("Tipo"), QStringLiteral("rio"));
-        lista.Add(linha);
-    }
-    return Segundos(inicio);
-}
-
 } // namespace
 
 int main(int argc, char **argv)
@@ -130,7 +112,7 @@ int main(int argc, char **argv)
     for (int rodada = 0; rodada < 3; ++rodada) {
         melhorShp = std::min(melhorShp, ShapelibSozinho(nome, false, vertices));
         melhorShapelib = std::min(melhorShapelib, ShapelibSozinho(nome, true, vertices));
-        melhorObjetos = std::min(melhorObjetos, SoObjetos());
+        melhorObjetos = std::min(melhorObjetos, MontarLinhasSemLeitura(Linhas, Vertices));
         const double antes = HeapEmUso();
         {
             TGISObjetoList lista;
