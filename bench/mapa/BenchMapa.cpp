@@ -187,6 +187,34 @@ int Recortar(TMapa &mapa, const TGISProjecao &projecao)
     return passam;
 }
 
+/// Quantas áreas na tela cobrem a tela inteira, e a posição (entre as áreas na tela, contando de
+/// 1) da última delas, onde o desenho com oclusão começa.
+struct TCobertura
+{
+    int NaTela = 0;
+    int Cobrem = 0;
+    int PosicaoDaUltima = 0;
+};
+
+TCobertura ContarCoberturas(TMapa &mapa, QImage &imagem, const TGISProjecao &projecao)
+{
+    TCanvas canvas(&imagem);
+    const TRect tela = projecao.AreaTela();
+    TCobertura c;
+    for (int i = 0; i < mapa.Areas.Count(); ++i) {
+        auto *area = static_cast<TGISArea *>(mapa.Areas.Items(i));
+        const TGISRet caixa = area->Area();
+        if (!projecao.Visivel(caixa) || !Intersecao(projecao.MundoParaTelaRet(caixa), tela))
+            continue;
+        ++c.NaTela;
+        if (area->CobreRetangulo(canvas, projecao, tela)) {
+            ++c.Cobrem;
+            c.PosicaoDaUltima = c.NaTela;
+        }
+    }
+    return c;
+}
+
 /// As mesmas coordenadas já projetadas, para o desenho direto.
 struct TDireto
 {
@@ -468,6 +496,10 @@ int main(int argc, char **argv)
         const double ms = Medir(0, [&] { DesenharPelosElementos(gis, mapa, imagem, projecao); });
         if (!png.isEmpty()) // a extensão inteira no nome dado; os zooms com "-8x", "-64x"
             imagem.save(fator == 1 ? png : QString(png).replace(QLatin1String(".png"), QStringLiteral("-%1x.png").arg(fator)));
+        gis.AtribuirOclusao(false);
+        const double msSemOclusao = Medir(0, [&] { DesenharPelosElementos(gis, mapa, imagem, projecao); });
+        gis.AtribuirOclusao(true);
+        const TCobertura cobertura = ContarCoberturas(mapa, imagem, projecao);
         const double msDireto = Medir(1, [&] { DesenharDireto(direto, imagem); });
         int passam = 0;
         const double msRecorte = Medir(2, [&] { passam = Recortar(mapa, projecao); });
@@ -478,6 +510,10 @@ int main(int argc, char **argv)
         std::printf("%-10s %12.2f %12.2f %8.2f %14.2f %8.2f %9.1f (%d objetos passam)\n",
                     fator == 1 ? "inteira" : (fator == 8 ? "zoom 8x" : "zoom 64x"), ms, msDireto, ms / msDireto,
                     msLinear, msLinear / msDireto, msRecorte, passam);
+        std::printf("   oclusao: %d areas cobrem a tela; a ultima e a %d.a das %d areas na tela; sem oclusao %.2f ms "
+                    "(%.2f do QPainter; com oclusao %.2f dela)\n",
+                    cobertura.Cobrem, cobertura.PosicaoDaUltima, cobertura.NaTela, msSemOclusao, msSemOclusao / msDireto,
+                    ms / msSemOclusao);
         std::printf("   por camada (areas/linhas/pontos) elementos %.1f/%.1f/%.1f, QPainter %.1f/%.1f/%.1f\n",
                     GParcial[0][0] / Repeticoes, GParcial[0][1] / Repeticoes, GParcial[0][2] / Repeticoes,
                     GParcial[1][0] / Repeticoes, GParcial[1][1] / Repeticoes, GParcial[1][2] / Repeticoes);
