@@ -156,7 +156,8 @@ public:
     /// camadas. Escreve no modelo só o que o desenho de sempre escreve: a área de desenho de cada
     /// ponto desenhado (sem aviso) e, com `TabelaDeCores`, as cores da tabela nos objetos
     /// desenhados (com aviso, só quando uma cor muda). Quem desenha fora da linha da interface
-    /// chama antes `AplicarTabelaDeCores` na linha da interface.
+    /// chama antes `AplicarTabelaDeCores` na linha da interface. Com `Oclusao`, pula o que uma
+    /// área da própria camada que cobre a tela esconde.
     void DesenharCamada(TGISCamada &camada, TCanvas &canvas, const TGISProjecao &projecao);
     /// Aplica a tabela de cores (quando há) a cada objeto da camada com índice de cor dentro
     /// dela, como o desenho faz; depois disso o desenho não muda cor alguma. Extensão.

@@ -9,7 +9,8 @@
 //
 // Com o índice espacial de cada camada (o padrão do controle) e sem ele (percurso linear), o
 // quadro e a consulta de um clique (ObterListaDeObjetos) são medidos nos dois modos, com o custo
-// de construir o índice (tempo e memória). Com --escala N o mapa tem N vezes mais objetos e só a
+// de construir o índice (tempo e memória). Em cada vista conta as áreas que cobrem a tela inteira
+// e mede o quadro também sem pular o que elas escondem (AtribuirOclusao(false)). Com --escala N o mapa tem N vezes mais objetos e só a
 // consulta de cliques e o índice são medidos.
 //
 // Uso: tavru-bench-mapa [--passo N] [--escala N] [quadro.png [quadro-direto.png]]
