@@ -526,6 +526,14 @@ int TGis::UltimaCobertura(TGISCamada &camada, TCanvas &canvas, const TGISProjeca
         return -1;
     const TGISObjetoList &objetos = camada.Objetos();
     const TRect tela = projecao.AreaTela();
+    // A caixa de uma área que cobre a tela contém a tela, e a extensão do índice contém a caixa:
+    // na vista da camada inteira, nada cobre, e a lista nem é andada.
+    if (FUsarIndice && typeid(projecao) == typeid(TGISProjecaoMercator)) {
+        const TRect extensao = ConcertaRect(projecao.MundoParaTelaRet(IndiceAtual(camada).Extensao()));
+        if (extensao.Left > tela.Left || extensao.Top > tela.Top || extensao.Right < tela.Right
+            || extensao.Bottom < tela.Bottom)
+            return -1;
+    }
     std::vector<int> &candidatos = canvas.Contexto().Obter<TCandidatosDoQuadro>().Itens;
     const bool filtrado = FUsarIndice && ConsultarIndice(camada, projecao, tela, 0, candidatos);
     const int passos = filtrado ? int(candidatos.size()) : objetos.Count();
