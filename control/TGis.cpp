@@ -12,6 +12,8 @@
 #include <tavru/core/TGISCamadaList.h>
 #include <tavru/core/TGISIndiceEspacial.h>
 #include <tavru/core/TGISProjecaoMercator.h>
+#include <tavru/elements/GISArea.h>
+#include <tavru/elements/GISAreaComFuros.h>
 #include <tavru/elements/GISComposto.h>
 #include <tavru/elements/GISImagem.h>
 #include <tavru/elements/GISPonto.h>
@@ -37,6 +39,7 @@
 #include <cstring>
 #include <condition_variable>
 #include <exception>
+#include <limits>
 #include <mutex>
 #include <optional>
 #include <thread>
@@ -418,6 +421,16 @@ bool NaTela(const TGISObjeto &objeto, const TGISProjecao &projecao, const TRect 
     return projecao.Visivel(area) && Intersecao(projecao.MundoParaTelaRet(area), tela);
 }
 
+/// Verdadeiro quando desenhar o objeto só pinta pixels: uma linha ou área sem rótulo a escrever.
+/// Um objeto assim, escondido por uma área que cobre a tela, pode ser pulado.
+bool SoPixels(const TGISObjeto &objeto)
+{
+    const std::type_info &tipo = typeid(objeto);
+    if (tipo != typeid(TGISLinha) && tipo != typeid(TGISArea) && tipo != typeid(TGISAreaComFuros))
+        return false;
+    return !(objeto.RotuloVisivel() && objeto.Informacoes().ObterTotal() > 0);
+}
+
 /// Metade do maior lado que o ponto pode ter na tela, mais a folga do arredondamento do centro.
 int MeioTamanhoNaTela(const TGISPonto &ponto)
 {
@@ -503,10 +516,43 @@ void TGis::DesenharCamada(TGISCamada &camada, TCanvas &canvas, const TGISProjeca
     std::optional<TGradeDeRotulos> grade;
     if (FRotulosSemSobreposicao)
         grade.emplace(projecao.AreaTela());
-    DesenharCamada(camada, canvas, projecao, grade ? &*grade : nullptr);
+    const int escondidos = FOclusao ? std::max(UltimaCobertura(camada, canvas, projecao), 0) : 0;
+    DesenharCamada(camada, canvas, projecao, grade ? &*grade : nullptr, escondidos);
 }
 
-void TGis::DesenharCamada(TGISCamada &camada, TCanvas &canvas, const TGISProjecao &projecao, TGradeDeRotulos *grade)
+int TGis::UltimaCobertura(TGISCamada &camada, TCanvas &canvas, const TGISProjecao &projecao)
+{
+    if (!camada.Visivel())
+        return -1;
+    const TGISObjetoList &objetos = camada.Objetos();
+    const TRect tela = projecao.AreaTela();
+    // A caixa de uma área que cobre a tela contém a tela, e a extensão do índice contém a caixa:
+    // na vista da camada inteira, nada cobre, e a lista nem é andada.
+    if (FUsarIndice && typeid(projecao) == typeid(TGISProjecaoMercator)) {
+        const TRect extensao = ConcertaRect(projecao.MundoParaTelaRet(IndiceAtual(camada).Extensao()));
+        if (extensao.Left > tela.Left || extensao.Top > tela.Top || extensao.Right < tela.Right
+            || extensao.Bottom < tela.Bottom)
+            return -1;
+    }
+    std::vector<int> &candidatos = canvas.Contexto().Obter<TCandidatosDoQuadro>().Itens;
+    const bool filtrado = FUsarIndice && ConsultarIndice(camada, projecao, tela, 0, candidatos);
+    const int passos = filtrado ? int(candidatos.size()) : objetos.Count();
+    // De trás para a frente: a primeira que cobre é a última desenhada.
+    for (int k = passos - 1; k >= 0; --k) {
+        const int i = filtrado ? candidatos[std::size_t(k)] : k;
+        TGISObjeto *objeto = objetos.Items(i);
+        if (!objeto || typeid(*objeto) != typeid(TGISArea) || !objeto->Visivel() || !NaTela(*objeto, projecao, tela))
+            continue;
+        if (FTabelaDeCores && objeto->IndiceCor() >= 0 && objeto->IndiceCor() < FTabelaDeCores->ObterTotal())
+            objeto->AtualizarCores(*FTabelaDeCores);
+        if (static_cast<const TGISArea *>(objeto)->CobreRetangulo(canvas, projecao, tela))
+            return i;
+    }
+    return -1;
+}
+
+void TGis::DesenharCamada(TGISCamada &camada, TCanvas &canvas, const TGISProjecao &projecao, TGradeDeRotulos *grade,
+                          int escondidosAte)
 {
     canvas.Font().Assign(FFont);
     canvas.Brush().Assign(FBrush);
@@ -530,6 +576,8 @@ void TGis::DesenharCamada(TGISCamada &camada, TCanvas &canvas, const TGISProjeca
             TGISObjeto *objeto = objetos.Items(i);
             // Um objeto escondido (`Visivel` falso) fica na camada mas não é desenhado nem rotulado.
             if (!objeto || !objeto->Visivel() || !NaTela(*objeto, projecao, tela))
+                continue;
+            if (i < escondidosAte && SoPixels(*objeto))
                 continue;
             canvas.Brush().Assign(FBrush);
             canvas.Pen().Assign(FPen);
@@ -575,10 +623,20 @@ void TGis::DesenharCamadas(int de, int ate, TGradeDeRotulos *grade)
         if (!(zoom < camada->ZoomMinimo()) && !(zoom > camada->ZoomMaximo()))
             camadas.push_back(camada);
     }
+    // A última área que cobre a tela esconde as camadas de baixo e o começo da sua.
+    std::vector<int> escondidos(camadas.size(), 0);
+    for (std::size_t k = camadas.size(); FOclusao && k-- > 0;) {
+        const int cobre = UltimaCobertura(*camadas[k], *FCanvas, *FProjecao);
+        if (cobre < 0)
+            continue;
+        escondidos[k] = cobre;
+        std::fill(escondidos.begin(), escondidos.begin() + std::ptrdiff_t(k), std::numeric_limits<int>::max());
+        break;
+    }
     const int linhas = FDesenhoParalelo && !grade ? std::min(FLinhasDoDesenho, int(camadas.size())) : 1;
     if (linhas < 2) {
-        for (TGISCamada *camada : camadas)
-            DesenharCamada(*camada, *FCanvas, *FProjecao, grade);
+        for (std::size_t k = 0; k < camadas.size(); ++k)
+            DesenharCamada(*camadas[k], *FCanvas, *FProjecao, grade, escondidos[k]);
         return;
     }
 
@@ -623,7 +681,7 @@ void TGis::DesenharCamadas(int de, int ate, TGradeDeRotulos *grade)
     auto desenharGrupo = [&](std::size_t g, TCanvas &canvas, const TGISProjecao &projecao) {
         for (std::size_t k = inicio[g]; k < inicio[g + 1]; ++k) {
             const auto comeco = std::chrono::steady_clock::now();
-            DesenharCamada(*camadas[k], canvas, projecao, nullptr);
+            DesenharCamada(*camadas[k], canvas, projecao, nullptr, escondidos[k]);
             medido[k] = std::chrono::duration<double>(std::chrono::steady_clock::now() - comeco).count();
         }
     };

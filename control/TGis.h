@@ -156,7 +156,8 @@ public:
     /// camadas. Escreve no modelo só o que o desenho de sempre escreve: a área de desenho de cada
     /// ponto desenhado (sem aviso) e, com `TabelaDeCores`, as cores da tabela nos objetos
     /// desenhados (com aviso, só quando uma cor muda). Quem desenha fora da linha da interface
-    /// chama antes `AplicarTabelaDeCores` na linha da interface.
+    /// chama antes `AplicarTabelaDeCores` na linha da interface. Com `Oclusao`, pula o que uma
+    /// área da própria camada que cobre a tela esconde.
     void DesenharCamada(TGISCamada &camada, TCanvas &canvas, const TGISProjecao &projecao);
     /// Aplica a tabela de cores (quando há) a cada objeto da camada com índice de cor dentro
     /// dela, como o desenho faz; depois disso o desenho não muda cor alguma. Extensão.
@@ -350,6 +351,17 @@ public:
     /// projeção atual (`TGISPonto::RetanguloNaTela`), nos dois modos.
     bool UsarIndice() const { return FUsarIndice; }
     void AtribuirUsarIndice(bool usar) { FUsarIndice = usar; }
+    /// Extensão: se o desenho pula o que uma área opaca esconde (verdadeiro, padrão). Uma
+    /// `TGISArea` (a classe exata, não as derivadas) visível, de pincel sólido e cor opaca, cujo
+    /// polígono desenhado contém a tela inteira (`TGISArea::CobreRetangulo`) esconde tudo o que foi
+    /// desenhado antes dela: os objetos anteriores da sua camada e as camadas de baixo. Desses, são
+    /// pulados só linhas e áreas (`TGISLinha`, `TGISArea`, `TGISAreaComFuros`) sem rótulo a
+    /// escrever; os outros são desenhados como sempre (um ponto guarda a área do seu desenho, um
+    /// rótulo passa pela grade de sobreposição), e acabam cobertos. Os pixels, os rótulos e a
+    /// seleção (desenhada por último) são os mesmos com e sem; um objeto pulado não recebe as
+    /// cores da tabela neste quadro, como um que está fora da tela.
+    bool Oclusao() const { return FOclusao; }
+    void AtribuirOclusao(bool ligada) { FOclusao = ligada; }
     /// Extensão: verdadeiro desenha as camadas de `Desenhar` em mais de uma linha de execução
     /// (uma por núcleo, no máximo `LinhasDoDesenho`): as camadas são repartidas em grupos seguidos
     /// pelo custo do quadro anterior, o primeiro grupo é desenhado no buffer e cada outro numa
@@ -480,8 +492,14 @@ private:
 
     // Extensões: as opções da seta e dos rótulos, e o que foi avisado por último.
 
-    /// Desenha a camada escrevendo os rótulos na grade dada (nula: sem teste de sobreposição).
-    void DesenharCamada(TGISCamada &camada, TCanvas &canvas, const TGISProjecao &projecao, TGradeDeRotulos *grade);
+    /// Desenha a camada escrevendo os rótulos na grade dada (nula: sem teste de sobreposição). Os
+    /// objetos de índice abaixo de `escondidosAte` estão sob uma área que cobre a tela: os que nada
+    /// guardam do desenho e não têm rótulo são pulados.
+    void DesenharCamada(TGISCamada &camada, TCanvas &canvas, const TGISProjecao &projecao, TGradeDeRotulos *grade,
+                        int escondidosAte);
+    /// O índice do último objeto da camada que, desenhado, cobre a tela inteira (-1: nenhum; sempre
+    /// -1 numa camada invisível). Aplica a tabela de cores aos candidatos, como o desenho faria.
+    int UltimaCobertura(TGISCamada &camada, TCanvas &canvas, const TGISProjecao &projecao);
     /// Desenha no buffer as camadas de índice `de` a `ate` - 1 que o zoom mostra, em ordem: numa
     /// linha só ou, com `DesenhoParalelo` e sem grade, em grupos.
     void DesenharCamadas(int de, int ate, TGradeDeRotulos *grade);
@@ -498,6 +516,7 @@ private:
     TColor FCorDoHalo = clNone;
     bool FRotulosSemSobreposicao = false;
     bool FUsarIndice = true;
+    bool FOclusao = true;
     bool FDesenhoParalelo = false;
     int FLinhasDoDesenho = 1;
     bool FSetaNoCentroDaArea = false;

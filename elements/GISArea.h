@@ -40,6 +40,13 @@ public:
     void Desenhar(TCanvas &canvas, const TGISProjecao &projecao, bool selecionado) override;
     /// Verdadeiro na primeira sequência em que `PertenceAArea` da projeção acha o ponto.
     bool Pertence(const TGISProjecao &projecao, const TPoint &ponto) override;
+    /// Verdadeiro quando o preenchimento que `Desenhar` (não selecionado) faria nesta projeção
+    /// certamente pinta, opaco, cada pixel de `retangulo` (pixels de tela): pincel sólido de cor
+    /// opaca e uma sequência, desbastada como no desenho, sem aresta a menos de 2 pixels do
+    /// retângulo e com ele dentro pela regra par-ímpar do preenchimento. Falso na dúvida (pontos
+    /// além de 2^22 pixels, que o rasterizador pode recortar). Usa o contexto do canvas como
+    /// rascunho e não desenha. Extensão: o controle pula o que uma área assim esconde.
+    bool CobreRetangulo(TCanvas &canvas, const TGISProjecao &projecao, const TRect &retangulo) const;
 
     /// Índice da cor do preenchimento na tabela de cores; negativo é a cor padrão da tabela.
     std::int32_t IndicePincel() const { return FIndicePincel; }
