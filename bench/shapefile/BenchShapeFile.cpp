@@ -42,25 +42,8 @@ constexpr int Vertices = 100;
 
 void Gerar(const QString &nome)
 {
-    std::mt19937_64 gerador(0x5AF11E);
-    std::uniform_int_distribution<std::int32_t> lat(-30 * 3600, 2 * 3600), lon(-70 * 3600, -38 * 3600), passo(-300, 300);
     TGISObjetoList lista;
-    for (int i = 0; i < Linhas; ++i) {
-        auto *linha = new TGISLinha;
-        auto *parte = new TGISPosicaoList;
-        parte->Reservar(Vertices);
-        TGISPosicao p{lat(gerador), lon(gerador)};
-        for (int v = 0; v < Vertices; ++v) {
-            parte->Add(p);
-            p.Latitude += passo(gerador);
-            p.Longitude += passo(gerador);
-        }
-        linha->Pontos().Add(parte);
-        linha->CalcularLimites();
-        linha->Informacoes().AdicionarCampo(QStringLiteral("Nome"), QStringLiteral("Linha %1").arg(i, 5, 10, QLatin1Char('0')));
-        linha->Informacoes().AdicionarCampo(QStringLiteral("Tipo"), i % 3 ? QStringLiteral("rio") : QStringLiteral("estrada"));
-        lista.Add(linha);
-    }
+    SortearLinhas(lista, Linhas, Vertices, 0x5AF11E);
     TTratadorDeShapeFile(lista).Gravar(nome);
 }
 
