@@ -9,6 +9,7 @@
 #include <tavru/platform/Exception.h>
 #include <tavru/platform/TCanvas.h>
 
+#include <QImage>
 #include <QRegularExpression>
 #include <QStringList>
 
@@ -74,6 +75,18 @@ public:
     }
     QStringList Textos;
 };
+
+/// Os rótulos que cada camada do mapa escreve, na ordem, desenhando-as uma a uma (`DesenharCamada`)
+/// numa imagem do tamanho do controle.
+inline QStringList RotulosCamadaACamada(TGis &gis)
+{
+    QImage imagem(gis.width(), gis.height(), QImage::Format_ARGB32_Premultiplied);
+    TCanvasGravador canvas(&imagem);
+    for (int c = 0; c < gis.Camadas().Count(); ++c)
+        gis.DesenharCamada(*gis.Camadas().Items(c), canvas, *gis.Projecao());
+    canvas.AtribuirImagem(nullptr);
+    return canvas.Textos;
+}
 
 /// Ferramenta que anota cada chamada ("down 10,20 b0 s8", "click 3,4", "paint", ...).
 class TFerramentaGravadora : public IGISMouseEvent

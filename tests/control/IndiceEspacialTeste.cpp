@@ -122,13 +122,7 @@ TResultado Observar(TGis &gis, bool indice)
     TResultado r;
     gis.Desenhar();
     r.Quadro = gis.Buffer().copy();
-    // Os rótulos de cada camada, na ordem em que são escritos.
-    QImage imagem(gis.width(), gis.height(), QImage::Format_ARGB32_Premultiplied);
-    TCanvasGravador canvas(&imagem);
-    for (int c = 0; c < gis.Camadas().Count(); ++c)
-        gis.DesenharCamada(*gis.Camadas().Items(c), canvas, *gis.Projecao());
-    canvas.AtribuirImagem(nullptr);
-    r.Rotulos = canvas.Textos;
+    r.Rotulos = RotulosCamadaACamada(gis);
     for (int y = -5; y < gis.height() + 5; y += 9)
         for (int x = -5; x < gis.width() + 5; x += 9) {
             TStringList lista;

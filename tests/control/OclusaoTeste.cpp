@@ -90,12 +90,7 @@ TQuadro Observar(TGis &gis, bool oclusao)
     TQuadro q;
     gis.Desenhar();
     q.Pixels = gis.Buffer().copy();
-    QImage imagem(gis.width(), gis.height(), QImage::Format_ARGB32_Premultiplied);
-    TCanvasGravador canvas(&imagem);
-    for (int c = 0; c < gis.Camadas().Count(); ++c)
-        gis.DesenharCamada(*gis.Camadas().Items(c), canvas, *gis.Projecao());
-    canvas.AtribuirImagem(nullptr);
-    q.Rotulos = canvas.Textos;
+    q.Rotulos = RotulosCamadaACamada(gis);
     return q;
 }
 
