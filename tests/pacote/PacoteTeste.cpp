@@ -79,6 +79,20 @@ TEST(PacoteInstalado, AplicativoEProgramaDoReadmeRodamNumAmbienteLimpo)
     const QString mapa = pasta.filePath("mapa.png");
     ASSERT_EQ(Rodar(prefixo + "/bin/tavru-mapa", {"--png", mapa}, saida, AmbienteLimpo()), 0) << saida.toStdString();
     EXPECT_EQ(QImage(mapa).size(), QSize(1000, 760));
+    // Os formatos que vêm de bibliotecas e plug-ins instalados: o desenho DGN pelo plug-in achado
+    // na pasta do pacote e, com o GDAL, o GeoJSON e o GeoTIFF; uma leitura que falha dá saída 1.
+    QStringList documentos = {"--png", mapa, TAVRU_FONTE "/data/dgn/br_utm23s.dgn"};
+#ifdef TAVRU_COM_GDAL
+    documentos << TAVRU_FONTE "/data/gdal/amostra.geojson" << TAVRU_FONTE "/data/gdal/utm23s.tif";
+#endif
+    EXPECT_EQ(Rodar(prefixo + "/bin/tavru-mapa", documentos, saida, AmbienteLimpo()), 0) << saida.toStdString();
+    // O plug-in do Designer, na pasta de plug-ins do Qt sob o prefixo, acha as bibliotecas da casa
+    // sem LD_LIBRARY_PATH.
+    const QString designer = prefixo + "/" TAVRU_PLUGINS_DO_QT "/designer/libtavru_designer.so";
+    ASSERT_TRUE(QFile::exists(designer)) << designer.toStdString();
+    ASSERT_EQ(Rodar("/usr/bin/ldd", {designer}, saida, AmbienteLimpo()), 0) << saida.toStdString();
+    EXPECT_FALSE(saida.contains("not found")) << saida.toStdString();
+    EXPECT_TRUE(saida.contains("libtavru_gis.so.0 => " + prefixo)) << saida.toStdString();
 
     // O programa do README, como está escrito lá.
     QFile arquivo(TAVRU_FONTE "/README.md");
