@@ -10,6 +10,7 @@
 #include <tavru/platform/ArquivoComum.h>
 #include <tavru/platform/Exception.h>
 
+#include <cpl_string.h>
 #include <gdal.h>
 #include <gdal_priv.h>
 #include <ogrsf_frmts.h>
@@ -71,10 +72,19 @@ public:
         // Direto nas informações do primeiro objeto (ninguém observa a lista de rascunho; a
         // passagem para a lista do tratador avisa num lote), copiadas para os outros.
         TInformacoes &informacoes = destino.Items(antes)->Informacoes();
-        for (int i = 0; i < FCampos.size(); ++i)
-            informacoes.AdicionarCampo(FCampos[i], feicao.IsFieldSetAndNotNull(i)
-                                                       ? QString::fromUtf8(feicao.GetFieldAsString(i))
-                                                       : QString());
+        for (int i = 0; i < FCampos.size(); ++i) {
+            if (!feicao.IsFieldSetAndNotNull(i)) {
+                informacoes.AdicionarCampo(FCampos[i], QString());
+                continue;
+            }
+            // O OGR entrega os textos em UTF-8; bytes que não o são (um arquivo gravado noutra
+            // codificação) dariam caracteres trocados em silêncio.
+            const char *texto = feicao.GetFieldAsString(i);
+            if (!CPLIsUTF8(texto, -1))
+                Falhar(QStringLiteral("o campo \"%1\" não está em UTF-8: %2")
+                           .arg(FCampos[i], CitarValor(QString::fromLatin1(texto))));
+            informacoes.AdicionarCampo(FCampos[i], QString::fromUtf8(texto));
+        }
         for (int i = antes + 1; i < destino.Count(); ++i)
             destino.Items(i)->Informacoes().Assign(informacoes);
     }

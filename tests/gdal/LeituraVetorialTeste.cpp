@@ -250,4 +250,25 @@ TEST(LeituraOGR, ErrosDeixamAListaComoEstava)
     falha(escrever("nan.geojson", R"({"type":"FeatureCollection","features":[
           {"type":"Feature","properties":{},"geometry":{"type":"Point","coordinates":[1e400,10]}}]})"),
           QStringLiteral("GeoJSON"), QStringLiteral("fora de ±180/±90"));
+    // Um atributo em ISO-8859-1 num formato que é UTF-8: erro que diz o campo, não "S?o Paulo".
+    falha(escrever("latin1.geojson", "{\"type\":\"FeatureCollection\",\"features\":[{\"type\":\"Feature\","
+                                     "\"properties\":{\"nome\":\"S\xe3o Paulo\"},\"geometry\":{\"type\":\"Point\","
+                                     "\"coordinates\":[-46,-23]}}]}"),
+          QStringLiteral("GeoJSON"), QStringLiteral("campo \"nome\" não está em UTF-8: \"S\u00e3o Paulo\""));
+    // Um FIFO não é aberto (a leitura esperaria para sempre por quem escreva nele).
+    const QString fifo = dir.filePath(QStringLiteral("fila.geojson"));
+    ASSERT_EQ(mkfifo(QFile::encodeName(fifo).constData(), 0600), 0);
+    falha(fifo, QStringLiteral("GeoJSON"), QStringLiteral("é um FIFO"));
+    // Cortados no meio: um GeoJSON e um GeoPackage de verdade.
+    const QByteArray bom = R"({"type":"FeatureCollection","features":[
+          {"type":"Feature","properties":{"nome":"a"},"geometry":{"type":"Point","coordinates":[-47,-15]}},
+          {"type":"Feature","properties":{"nome":"b"},"geometry":{"type":"Point","coordinates":[-43,-22]}}]})";
+    falha(escrever("cortado.geojson", bom.left(bom.size() / 2)), QStringLiteral("GeoJSON"),
+          QStringLiteral("não é uma fonte vetorial"));
+    const QString gpkg = dir.filePath(QStringLiteral("inteiro.gpkg"));
+    GeoPackageDeDuasCamadas(gpkg);
+    QFile inteiro(gpkg);
+    ASSERT_TRUE(inteiro.open(QIODevice::ReadOnly));
+    falha(escrever("cortado.gpkg", inteiro.readAll().left(3000)), QStringLiteral("GeoPackage"),
+          QStringLiteral("cortado.gpkg"));
 }
