@@ -170,21 +170,11 @@ TEST(ScriptTavru, DemoResolveOsCaminhosNaPastaDeQuemChama)
 
 TEST(TavruMapa, JanelaNumXDeVerdadeMostraOMapa)
 {
-    const QString xvfb = QStandardPaths::findExecutable(QStringLiteral("Xvfb"));
-    const QString xwd = QStandardPaths::findExecutable(QStringLiteral("xwd"));
-    if (xvfb.isEmpty() || xwd.isEmpty())
-        GTEST_SKIP() << "Xvfb ou xwd não instalados";
-
-    QProcess servidor;
-    const QString tela = IniciarXvfb(servidor, xvfb);
-    if (tela.isEmpty())
-        GTEST_SKIP() << "o Xvfb não abriu uma tela: " << servidor.readAllStandardError().toStdString();
-
-    QProcess aplicativo;
-    aplicativo.setProcessEnvironment(AmbienteNaTela(tela));
-    aplicativo.start(Aplicativo, {});
-    const QString aviso = EsperarLinha(aplicativo, 30000);
-    EXPECT_EQ(aviso, QStringLiteral("Mapa na tela")) << aplicativo.readAllStandardError().toStdString();
+    TProgramaNaTela t;
+    if (const QString motivo = t.Iniciar(Aplicativo, {}); !motivo.isEmpty())
+        GTEST_SKIP() << motivo.toStdString();
+    const QString &aviso = t.Aviso;
+    EXPECT_EQ(aviso, QStringLiteral("Mapa na tela")) << t.Programa.readAllStandardError().toStdString();
 
     // Sem gerenciador de janelas, a janela (1100 x 760) fica no canto; o mapa ocupa o centro dela
     // (menu e barra em cima, a doca à direita). A tela é fotografada até o mapa aparecer (a
@@ -195,7 +185,7 @@ TEST(TavruMapa, JanelaNumXDeVerdadeMostraOMapa)
     const QRect regiaoDoMapa(100, 150, 600, 450);
     TContagem c;
     for (int tentativa = 0; tentativa < 20 && aviso == QStringLiteral("Mapa na tela"); ++tentativa) {
-        const QImage imagem = FotografarTela(xwd, tela, foto);
+        const QImage imagem = FotografarTela(t.Xwd, t.Tela, foto);
         ASSERT_FALSE(imagem.isNull());
         ASSERT_EQ(imagem.size(), QSize(1280, 900));
         c = Contar(imagem, regiaoDoMapa);
@@ -203,8 +193,6 @@ TEST(TavruMapa, JanelaNumXDeVerdadeMostraOMapa)
             break;
         QThread::msleep(250);
     }
-    Encerrar(aplicativo);
-    Encerrar(servidor);
     EXPECT_GE(c.Distintas, 6);
     EXPECT_GT(c.Mar, 1000);
     EXPECT_GT(c.Continente, 1000);

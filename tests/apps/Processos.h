@@ -3,6 +3,7 @@
 
 #include <QElapsedTimer>
 #include <QProcess>
+#include <QStandardPaths>
 #include <QProcessEnvironment>
 #include <QString>
 
@@ -59,5 +60,39 @@ inline QProcessEnvironment AmbienteNaTela(const QString &tela)
     ambiente.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
     return ambiente;
 }
+
+/// Um programa num Xvfb próprio, para os testes que olham a tela de verdade (fotografada pelo xwd).
+/// Os dois processos são encerrados na destruição.
+struct TProgramaNaTela
+{
+    QProcess Servidor;
+    QProcess Programa;
+    QString Tela;
+    QString Xwd;
+    /// A primeira linha que o programa escreveu (o aviso de que está na tela), ou vazia.
+    QString Aviso;
+
+    /// Abre a tela, inicia o programa nela e espera a primeira linha dele (30 s). Devolve o motivo
+    /// para pular o teste (Xvfb ou xwd não instalados, tela que não abriu), ou vazio.
+    QString Iniciar(const QString &programa, const QStringList &argumentos)
+    {
+        const QString xvfb = QStandardPaths::findExecutable(QStringLiteral("Xvfb"));
+        Xwd = QStandardPaths::findExecutable(QStringLiteral("xwd"));
+        if (xvfb.isEmpty() || Xwd.isEmpty())
+            return QStringLiteral("Xvfb ou xwd não instalados");
+        Tela = IniciarXvfb(Servidor, xvfb);
+        if (Tela.isEmpty())
+            return QStringLiteral("o Xvfb não abriu uma tela: ") + QString::fromLocal8Bit(Servidor.readAllStandardError());
+        Programa.setProcessEnvironment(AmbienteNaTela(Tela));
+        Programa.start(programa, argumentos);
+        Aviso = EsperarLinha(Programa, 30000);
+        return {};
+    }
+    ~TProgramaNaTela()
+    {
+        Encerrar(Programa);
+        Encerrar(Servidor);
+    }
+};
 
 } // namespace tavru::teste

@@ -41,19 +41,11 @@ TDocas Examinar(const QImage &imagem, const QRect &regiao)
 
 TEST(TavruMapa, DocasDeCamadasESituacaoNumXDeVerdade)
 {
-    const QString xvfb = QStandardPaths::findExecutable(QStringLiteral("Xvfb"));
-    const QString xwd = QStandardPaths::findExecutable(QStringLiteral("xwd"));
-    if (xvfb.isEmpty() || xwd.isEmpty())
-        GTEST_SKIP() << "Xvfb ou xwd não instalados";
-    QProcess servidor;
-    const QString tela = IniciarXvfb(servidor, xvfb);
-    if (tela.isEmpty())
-        GTEST_SKIP() << "o Xvfb não abriu uma tela";
-    QProcess aplicativo;
-    aplicativo.setProcessEnvironment(AmbienteNaTela(tela));
-    aplicativo.start(QStringLiteral(TAVRU_MAPA), {});
-    const QString aviso = EsperarLinha(aplicativo, 30000);
-    EXPECT_EQ(aviso, QStringLiteral("Mapa na tela")) << aplicativo.readAllStandardError().toStdString();
+    TProgramaNaTela t;
+    if (const QString motivo = t.Iniciar(QStringLiteral(TAVRU_MAPA), {}); !motivo.isEmpty())
+        GTEST_SKIP() << motivo.toStdString();
+    const QString &aviso = t.Aviso;
+    EXPECT_EQ(aviso, QStringLiteral("Mapa na tela")) << t.Programa.readAllStandardError().toStdString();
 
     // A janela (1100 x 760) fica no canto; as docas ocupam a faixa da direita.
     QTemporaryDir pasta;
@@ -62,15 +54,13 @@ TEST(TavruMapa, DocasDeCamadasESituacaoNumXDeVerdade)
     const QRect faixa(760, 60, 340, 690);
     TDocas d;
     for (int tentativa = 0; tentativa < 20 && aviso == QStringLiteral("Mapa na tela"); ++tentativa) {
-        const QImage imagem = FotografarTela(xwd, tela, foto);
+        const QImage imagem = FotografarTela(t.Xwd, t.Tela, foto);
         ASSERT_FALSE(imagem.isNull());
         d = Examinar(imagem, faixa);
         if (d.Vermelhos > 40 && d.Escuros > 500)
             break;
         QThread::msleep(250);
     }
-    Encerrar(aplicativo);
-    Encerrar(servidor);
     // O retângulo da visão: uma moldura (não um borrão), menor que a faixa das docas.
     EXPECT_GT(d.Vermelhos, 40);
     EXPECT_LT(d.Vermelhos, d.Retangulo.width() * d.Retangulo.height() / 2);

@@ -15,26 +15,18 @@ using namespace tavru::teste;
 
 TEST(FormularioNaTela, SeteComponentesPeloQUiLoader)
 {
-    const QString xvfb = QStandardPaths::findExecutable(QStringLiteral("Xvfb"));
-    const QString xwd = QStandardPaths::findExecutable(QStringLiteral("xwd"));
-    if (xvfb.isEmpty() || xwd.isEmpty())
-        GTEST_SKIP() << "Xvfb ou xwd não instalados";
-    QProcess servidor;
-    const QString tela = IniciarXvfb(servidor, xvfb);
-    if (tela.isEmpty())
-        GTEST_SKIP() << "o Xvfb não abriu uma tela";
-    QProcess programa;
-    programa.setProcessEnvironment(AmbienteNaTela(tela));
-    programa.start(QStringLiteral(TAVRU_MOSTRAR_FORMULARIO),
-                   {TAVRU_FORMULARIO, TAVRU_PASTA_PLUGIN_DESIGNER, TAVRU_DADOS "/mapa/cidades.xml"});
-    const QString aviso = EsperarLinha(programa, 30000);
-    EXPECT_EQ(aviso, QStringLiteral("Formulario na tela")) << programa.readAllStandardError().toStdString();
+    TProgramaNaTela t;
+    if (const QString motivo = t.Iniciar(QStringLiteral(TAVRU_MOSTRAR_FORMULARIO),
+                                               {TAVRU_FORMULARIO, TAVRU_PASTA_PLUGIN_DESIGNER, TAVRU_DADOS "/mapa/cidades.xml"}); !motivo.isEmpty())
+        GTEST_SKIP() << motivo.toStdString();
+    const QString &aviso = t.Aviso;
+    EXPECT_EQ(aviso, QStringLiteral("Formulario na tela")) << t.Programa.readAllStandardError().toStdString();
 
     QTemporaryDir pasta;
     ASSERT_TRUE(pasta.isValid());
     int fundo = 0, coloridosNasBarras = 0, cidades = 0;
     for (int tentativa = 0; tentativa < 20 && aviso == QStringLiteral("Formulario na tela"); ++tentativa) {
-        const QImage imagem = FotografarTela(xwd, tela, pasta.filePath("tela.xwd"));
+        const QImage imagem = FotografarTela(t.Xwd, t.Tela, pasta.filePath("tela.xwd"));
         ASSERT_FALSE(imagem.isNull());
         fundo = coloridosNasBarras = cidades = 0;
         // O formulário tem 900 x 600 no canto; as barras ocupam a faixa de cima, o mapa a
@@ -53,8 +45,6 @@ TEST(FormularioNaTela, SeteComponentesPeloQUiLoader)
             break;
         QThread::msleep(250);
     }
-    Encerrar(programa);
-    Encerrar(servidor);
     EXPECT_GT(fundo, 100000) << "a cor de fundo do formulário no mapa";
     EXPECT_GT(coloridosNasBarras, 200) << "os bitmaps dos botões das barras";
     EXPECT_GT(cidades, 500) << "as cidades e os seus rótulos sobre o fundo";
