@@ -120,9 +120,7 @@ TEST_F(GisMouse, ObjetosSobOPonto)
     // Com zoom 1, a posição (0, 0) cai no pixel (200, 100) e cada pixel tem 0,9 grau.
     gis.Rotulos().Add("Nome");
     auto objeto = [&](TGISCamada &c, const char *nome, const TGISRet &area = Graus(-9, -9, 9, 9)) {
-        auto *o = new TObjetoRet(area, nullptr, nome);
-        c.Objetos().Add(o);
-        return o;
+        return Incluir(c, area, nome);
     };
     objeto(NovaCamada(gis, "fundo", gtcPanoDeFundo), "Fundo");
     TGISCamada &baixo = NovaCamada(gis, "baixo");
