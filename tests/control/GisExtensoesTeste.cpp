@@ -245,16 +245,12 @@ TEST_F(GisExtensoes, RotulosSemSobreposicaoOPrimeiroEscritoVale)
     Incluir(baixo, Graus(0, -90, 0, -90), "Alfa", true);
     Incluir(baixo, Graus(0, 90, 0, 90), "Beta", true);
     Incluir(baixo, Graus(0, -88, 0, -88), "Gama", true);
-    QImage imagem(400, 200, QImage::Format_ARGB32_Premultiplied);
-    TCanvasGravador canvas(&imagem);
-    gis.DesenharCamada(baixo, canvas, *gis.Projecao());
-    EXPECT_EQ(canvas.Textos.size(), 3) << "desligado, como no desenho de referência";
+    EXPECT_EQ(RotulosCamadaACamada(gis).size(), 3) << "desligado, como no desenho de referência";
     gis.AtribuirRotulosSemSobreposicao(true);
-    canvas.Textos.clear();
-    gis.DesenharCamada(baixo, canvas, *gis.Projecao());
-    ASSERT_EQ(canvas.Textos.size(), 2);
-    EXPECT_TRUE(canvas.Textos[0].startsWith("Alfa@"));
-    EXPECT_TRUE(canvas.Textos[1].startsWith("Beta@"));
+    const QStringList textos = RotulosCamadaACamada(gis);
+    ASSERT_EQ(textos.size(), 2);
+    EXPECT_TRUE(textos[0].startsWith("Alfa@"));
+    EXPECT_TRUE(textos[1].startsWith("Beta@"));
 
     // Entre camadas, num desenho inteiro: o rótulo da camada de cima que cai sobre o de "Beta"
     // some, e o mapa fica igual ao de uma camada de cima sem rótulo.
