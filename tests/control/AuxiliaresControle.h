@@ -13,6 +13,8 @@
 #include <QRegularExpression>
 #include <QStringList>
 
+#include <random>
+
 namespace tavru::teste {
 
 /// Objeto de extensão fixa desenhado como o retângulo dela (com `FCor`, se tem), que anota cada
@@ -62,6 +64,32 @@ private:
     QStringList *FDiario;
     QString FNome;
 };
+
+/// Um `TObjetoRet` novo no fim da camada, com o rótulo visível ou não.
+inline TObjetoRet *Incluir(TGISCamada &c, const TGISRet &area = GISRet(0, 0, 0, 0), const QString &nome = QString(),
+                           bool rotulo = false, QStringList *diario = nullptr)
+{
+    auto *o = new TObjetoRet(area, diario, nome);
+    o->AtribuirRotuloVisivel(rotulo);
+    c.Objetos().Add(o);
+    return o;
+}
+
+using TSorteio = std::mt19937;
+
+inline int Entre(TSorteio &s, int a, int b)
+{
+    return std::uniform_int_distribution<int>(a, b)(s);
+}
+
+/// Cor, nome "O`n`" e rótulo visível (com chance de 1 em `rotulo`) sorteados para `objeto`.
+inline TGISObjeto *Sortear(TSorteio &s, TGISObjeto *objeto, int n, int rotulo)
+{
+    objeto->AtribuirCor(RGB(Entre(s, 0, 255), Entre(s, 0, 255), Entre(s, 0, 255)));
+    objeto->Informacoes().AtribuirCampo(QStringLiteral("Nome"), QStringLiteral("O%1").arg(n));
+    objeto->AtribuirRotuloVisivel(Entre(s, 0, rotulo - 1) == 0);
+    return objeto;
+}
 
 /// Canvas que pinta de verdade e anota cada `TextOut` como "texto@x,y".
 class TCanvasGravador : public TCanvas

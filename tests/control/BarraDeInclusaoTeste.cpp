@@ -168,12 +168,6 @@ TEST_F(BarraDeInclusao, CadaClassePadraoIncluidaNoPontoClicadoESelecionada)
     const TGISProjecao &projecao = *gis.Projecao();
     const TPoint clique(150, 110);
     const TGISPosicao w = projecao.TelaParaMundo(clique);
-    auto perto = [&](const TRect &r, int meioLado) {
-        const TRect n = ConcertaRect(r);
-        const TPoint c = Centro(n);
-        return std::abs(c.X - clique.X) <= 1 && std::abs(c.Y - clique.Y) <= 1 && std::abs(n.Width() - 2 * meioLado) <= 2
-            && std::abs(n.Height() - 2 * meioLado) <= 2;
-    };
 
     const auto registro = TGISBarraDeInclusao::ObterRegistro();
     std::vector<TGISObjeto *> incluidos;
@@ -199,7 +193,10 @@ TEST_F(BarraDeInclusao, CadaClassePadraoIncluidaNoPontoClicadoESelecionada)
     EXPECT_EQ(incluidos[3]->Posicao(), w); // área circular
     auto *imagem = static_cast<TGISImagem *>(incluidos[4]);
     EXPECT_EQ(imagem->NomeArquivoImagem(), arquivo);
-    EXPECT_TRUE(perto(projecao.MundoParaTelaRet(imagem->AreaImagem()), 20));
+    const TRect r = ConcertaRect(projecao.MundoParaTelaRet(imagem->AreaImagem())); // 20 pixels em volta do clique
+    EXPECT_LE(Distancia(Centro(r), clique), 1.5);
+    EXPECT_NEAR(r.Width(), 40, 2);
+    EXPECT_NEAR(r.Height(), 40, 2);
     // Um objeto incluído pode ser achado com o mouse (tem rótulo): o ponto, em cima de tudo embaixo.
     EXPECT_NE(gis.ObterObjeto(clique), nullptr);
 

@@ -58,17 +58,14 @@ TEST_F(BarraDeManipulacao, BotoesEEstados)
     }
     EXPECT_EQ(gis.MouseEvents(), (std::vector<IGISMouseEvent *>{&barra}));
 
-    Clicar(btnAmpliar);
-    EXPECT_EQ(barra.Estado(), meAmpliar);
-    Clicar(btnMover);
-    EXPECT_EQ(barra.Estado(), mePreMover);
-    EXPECT_FALSE(Abaixado(btnAmpliar));
-    Clicar(btnMover); // levanta: nenhuma ferramenta
-    EXPECT_EQ(barra.Estado(), meSemAcao);
-    Clicar(btnAmpliarArea);
-    EXPECT_EQ(barra.Estado(), mePreZoomRet);
-    Clicar(btnReduzir);
-    EXPECT_EQ(barra.Estado(), meReduzir);
+    // Mover clicado de novo levanta: nenhuma ferramenta. Só o último botão fica abaixado.
+    for (auto [botao, estado] : {std::pair{btnAmpliar, meAmpliar}, {btnMover, mePreMover}, {btnMover, meSemAcao},
+                                 {btnAmpliarArea, mePreZoomRet}, {btnReduzir, meReduzir}}) {
+        Clicar(botao);
+        EXPECT_EQ(barra.Estado(), estado) << int(botao);
+    }
+    for (int i = 0; i < 5; ++i)
+        EXPECT_EQ(Abaixado(i), i == btnReduzir) << i;
     // Ajustar: ajusta na hora, nunca fica abaixado e leva a nenhuma ferramenta.
     Clicar(btnAjustar);
     EXPECT_EQ(barra.Estado(), meSemAcao);

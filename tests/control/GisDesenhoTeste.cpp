@@ -32,10 +32,7 @@ protected:
     }
     TObjetoRet *Objeto(TGISCamada &c, const TGISRet &area, const QString &nome, bool rotulo = false)
     {
-        auto *o = new TObjetoRet(area, &diario, nome);
-        o->AtribuirRotuloVisivel(rotulo);
-        c.Objetos().Add(o);
-        return o;
+        return Incluir(c, area, nome, rotulo, &diario);
     }
     QRgb Pixel(int x, int y) const { return gis.Buffer().pixel(x, y) & 0xFFFFFF; }
 

@@ -119,11 +119,7 @@ TEST_F(GisMouse, ObjetosSobOPonto)
 {
     // Com zoom 1, a posição (0, 0) cai no pixel (200, 100) e cada pixel tem 0,9 grau.
     gis.Rotulos().Add("Nome");
-    auto objeto = [&](TGISCamada &c, const char *nome, const TGISRet &area = Graus(-9, -9, 9, 9)) {
-        auto *o = new TObjetoRet(area, nullptr, nome);
-        c.Objetos().Add(o);
-        return o;
-    };
+    auto objeto = [&](TGISCamada &c, const char *nome) { return Incluir(c, Graus(-9, -9, 9, 9), nome); };
     objeto(NovaCamada(gis, "fundo", gtcPanoDeFundo), "Fundo");
     TGISCamada &baixo = NovaCamada(gis, "baixo");
     TObjetoRet *b1 = objeto(baixo, "B1");
@@ -139,7 +135,7 @@ TEST_F(GisMouse, ObjetosSobOPonto)
     objeto(distante, "Distante");
     distante.AtribuirZoomMinimo(1.5);
     // Uma extensão de largura zero ganha ErroTelaPonto x Zoom / 2 de margem (2,5 dá 2).
-    TObjetoRet *pontual = objeto(NovaCamada(gis, "pontual"), "P", GISRet(0, 3240 * 50, 0, 3240 * 50));
+    TObjetoRet *pontual = Incluir(NovaCamada(gis, "pontual"), GISRet(0, 3240 * 50, 0, 3240 * 50), "P");
     gis.Desenhar();
 
     TStringList lista;

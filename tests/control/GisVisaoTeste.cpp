@@ -37,12 +37,6 @@ protected:
         gis.AtribuirProjecao(&projecao);
         gis.Desenhar();
     }
-    TObjetoRet *Objeto(TGISCamada &c, const TGISRet &area)
-    {
-        auto *o = new TObjetoRet(area);
-        c.Objetos().Add(o);
-        return o;
-    }
     QStringList Nomes() const
     {
         TStringList nomes;
@@ -85,20 +79,20 @@ TEST_F(GisVisao, AjustesDaVisao)
     EXPECT_EQ(gis.Desenhos, 2);
 
     TGISCamada &visivel = NovaCamada(gis, "v");
-    Objeto(visivel, GISRet(3600, 3600, 7200, 7200));
+    Incluir(visivel, GISRet(3600, 3600, 7200, 7200));
     visivel.Objetos().Add(nullptr);
-    Objeto(visivel, GISRet(-10800, -3600, 0, 0));
+    Incluir(visivel, GISRet(-10800, -3600, 0, 0));
     TGISCamada &falha = NovaCamada(gis, "falha"); // fora do zoom: medida no ajuste, nunca desenhada
     falha.AtribuirZoomMaximo(0.05);
-    Objeto(falha, {})->FFalhar = true;
-    Objeto(NovaCamada(gis, "escondida"), MundoInteiro);
+    Incluir(falha, {})->FFalhar = true;
+    Incluir(NovaCamada(gis, "escondida"), MundoInteiro);
     gis.ObterCamada("escondida")->AtribuirVisivel(false);
     gis.FitToWindow();
     EXPECT_EQ(projecao.Ajustes.back(), GISRet(-10800, -3600, 7200, 7200));
     // Enquanto as duas latitudes do retângulo somado forem 0, o objeto seguinte o substitui.
     visivel.Objetos().Clear();
-    Objeto(visivel, GISRet(0, 100, 0, 200));
-    Objeto(visivel, GISRet(10, 10, 20, 20));
+    Incluir(visivel, GISRet(0, 100, 0, 200));
+    Incluir(visivel, GISRet(10, 10, 20, 20));
     gis.FitToWindow();
     EXPECT_EQ(projecao.Ajustes.back(), GISRet(10, 10, 20, 20));
 
@@ -126,7 +120,7 @@ TEST_F(GisVisao, AjustesDaVisao)
 TEST_F(GisVisao, VisualizarObjeto)
 {
     TGISCamada &c = NovaCamada(gis, "c");
-    TObjetoRet *o = Objeto(c, Graus(10, 20, 28, 56));
+    TObjetoRet *o = Incluir(c, Graus(10, 20, 28, 56));
     // 200%: a extensão dobrada enche a tela, o objeto ocupa a metade dela e fica no centro.
     gis.VisualizarObjeto(o, true, 200);
     const TRect r = ConcertaRect(projecao.MundoParaTelaRet(o->Area()));
@@ -152,9 +146,9 @@ TEST_F(GisVisao, VisualizarObjeto)
 TEST_F(GisVisao, ZoomInteligente)
 {
     TGISCamada &larga = NovaCamada(gis, "larga");
-    Objeto(larga, Graus(-9, -36, 9, 36)); // 80 x 20 pixels com zoom 1: enche a altura com zoom 10
+    Incluir(larga, Graus(-9, -36, 9, 36)); // 80 x 20 pixels com zoom 1: enche a altura com zoom 10
     TGISCamada &ponto = NovaCamada(gis, "ponto");
-    Objeto(ponto, GISRet(3600, 3600, 3600, 3600));
+    Incluir(ponto, GISRet(3600, 3600, 3600, 3600));
     ponto.AtribuirZoomMinimo(0.5);
     auto *imagem = new TGISImagem;
     imagem->AtribuirArea(GISRet(-3600, -3600, 3600, 3600));
@@ -173,7 +167,7 @@ TEST_F(GisVisao, CoordenadasForaDoMundoNaoEstouram)
 {
     // Um documento pode dar inteiros crus fora do mundo: as contas da visão ficam nos 32 bits.
     TGISCamada &c = NovaCamada(gis, "c");
-    Objeto(c, GISRet(0, 0, INT32_MAX, INT32_MAX));
+    Incluir(c, GISRet(0, 0, INT32_MAX, INT32_MAX));
     projecao.DoAtribuirZoom(50000.0); // o canto de cima projeta fora dos 32 bits (sem desenhar)
     gis.CalcularZoomInteligente();
     EXPECT_GT(c.ZoomMinimo(), 0.0);

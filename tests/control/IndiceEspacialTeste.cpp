@@ -11,19 +11,11 @@
 
 #include <gtest/gtest.h>
 
-#include <random>
 
 using namespace tavru;
 using namespace tavru::teste;
 
 namespace {
-
-using TSorteio = std::mt19937;
-
-int Entre(TSorteio &s, int a, int b)
-{
-    return std::uniform_int_distribution<int>(a, b)(s);
-}
 
 /// Um objeto sorteado perto de (lat, lon) (segundos de arco), de cor própria.
 TGISObjeto *NovoObjeto(TSorteio &s, int n)
@@ -81,9 +73,7 @@ TGISObjeto *NovoObjeto(TSorteio &s, int n)
     }
     if (!dynamic_cast<TGISLinha *>(objeto) && !dynamic_cast<TGISComposto *>(objeto))
         objeto->AtribuirPosicao(GISPosicao(lat, lon));
-    objeto->AtribuirCor(RGB(Entre(s, 0, 255), Entre(s, 0, 255), Entre(s, 0, 255)));
-    objeto->Informacoes().AtribuirCampo(QStringLiteral("Nome"), QStringLiteral("O%1").arg(n));
-    objeto->AtribuirRotuloVisivel(Entre(s, 0, 2) == 0);
+    Sortear(s, objeto, n, 3);
     return objeto;
 }
 

@@ -240,15 +240,13 @@ TEST_F(Navegacao, BarraDeEscalaMedePelaGeodesicaESoNaTela)
     };
     const TRect tela(0, 0, 400, 300);
     // No equador e a 60° S a mesma largura de tela mede distâncias diferentes (a longitude encolhe).
-    gis.Visao(GISPosicao(0, -50 * 3600), 40.0);
-    const TGISBarraDeEscala::TRegua km0 = TGISBarraDeEscala::ReguaKm(Projecao(), tela);
-    verificar(km0, 1000.0);
-    verificar(TGISBarraDeEscala::ReguaMilhas(Projecao(), tela), MetrosPorMilhaNautica);
-    gis.Visao(GISPosicao(-60 * 3600, -50 * 3600), 40.0);
-    const TGISBarraDeEscala::TRegua km60 = TGISBarraDeEscala::ReguaKm(Projecao(), tela);
-    verificar(km60, 1000.0);
-    verificar(TGISBarraDeEscala::ReguaMilhas(Projecao(), tela), MetrosPorMilhaNautica);
-    EXPECT_GT(km60.Pixels / km60.Valor, 1.6 * km0.Pixels / km0.Valor);
+    TGISBarraDeEscala::TRegua km[2];
+    for (int i : {0, 1}) {
+        gis.Visao(GISPosicao(-60 * 3600 * i, -50 * 3600), 40.0);
+        verificar(km[i] = TGISBarraDeEscala::ReguaKm(Projecao(), tela), 1000.0);
+        verificar(TGISBarraDeEscala::ReguaMilhas(Projecao(), tela), MetrosPorMilhaNautica);
+    }
+    EXPECT_GT(km[1].Pixels / km[1].Valor, 1.6 * km[0].Pixels / km[0].Valor);
 
     // Desenhada só na imagem da tela: o buffer fica igual, e a tela muda só no canto da régua.
     EXPECT_FALSE(gis.MostrarEscala());

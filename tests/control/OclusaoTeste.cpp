@@ -14,31 +14,25 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <random>
 
 using namespace tavru;
 using namespace tavru::teste;
 
 namespace {
 
-using TSorteio = std::mt19937;
-
-int Entre(TSorteio &s, int a, int b)
-{
-    return std::uniform_int_distribution<int>(a, b)(s);
-}
-
 /// Um polígono de `n` vértices em volta de (lat, lon), raios em segundos de arco (latitude e
 /// longitude com raios diferentes), como sequência nova de `figura`.
-void Anel(TGISLinha &figura, std::int32_t lat, std::int32_t lon, int raioLat, int raioLon, int n)
+template <class T>
+T *Anel(T *figura, std::int32_t lat, std::int32_t lon, int raioLat, int raioLon, int n)
 {
     auto *lista = new TGISPosicaoList;
-    figura.Pontos().Add(lista);
+    figura->Pontos().Add(lista);
     for (int k = 0; k < n; ++k) {
         const double a = 2 * M_PI * k / n;
         lista->Add(GISPosicao(lat + std::int32_t(raioLat * std::sin(a)), lon + std::int32_t(raioLon * std::cos(a))));
     }
-    figura.CalcularLimites();
+    figura->CalcularLimites();
+    return figura;
 }
 
 /// Um objeto sorteado perto da origem: áreas grandes (que cobrem a tela nos zooms do teste) e
@@ -54,25 +48,21 @@ TGISObjeto *NovoObjeto(TSorteio &s, int n)
     const int tipo = Entre(s, 0, 5);
     if (tipo <= 3) {
         TGISArea *area = tipo == 3 ? new TGISAreaComFuros : new TGISArea;
-        Anel(*area, lat, lon, raio, raio * 3 / 2, Entre(s, 3, 24));
+        Anel(area, lat, lon, raio, raio * 3 / 2, Entre(s, 3, 24));
         if (tipo == 3 || Entre(s, 0, 4) == 0) // o furo, ou outra sequência por cima
-            Anel(*area, lat + 500, lon - 800, raio / 3, raio / 2, 5);
+            Anel(area, lat + 500, lon - 800, raio / 3, raio / 2, 5);
         const int estilo = Entre(s, 0, 9);
         area->Pincel().Style = estilo < 7 ? bsSolid : estilo == 7 ? bsBDiagonal : bsClear;
         objeto = area;
     } else if (tipo == 4) {
-        auto *linha = new TGISLinha;
-        Anel(*linha, lat, lon, raio / 4, raio / 3, Entre(s, 2, 8));
-        objeto = linha;
+        objeto = Anel(new TGISLinha, lat, lon, raio / 4, raio / 3, Entre(s, 2, 8));
     } else {
         auto *ponto = new TGISPonto;
         ponto->TamanhoNaTela(TPoint(Entre(s, 3, 30), Entre(s, 3, 30)));
         ponto->AtribuirPosicao(GISPosicao(lat, lon));
         objeto = ponto;
     }
-    objeto->AtribuirCor(RGB(Entre(s, 0, 255), Entre(s, 0, 255), Entre(s, 0, 255)));
-    objeto->Informacoes().AtribuirCampo(QStringLiteral("Nome"), QStringLiteral("O%1").arg(n));
-    objeto->AtribuirRotuloVisivel(Entre(s, 0, 3) == 0);
+    Sortear(s, objeto, n, 4);
     objeto->AtribuirVisivel(Entre(s, 0, 15) != 0);
     return objeto;
 }
@@ -199,14 +189,11 @@ TEST(Oclusao, SoPulaOQueUmaAreaOpacaEsconde)
     gis.AtribuirColor(clWhite);
     TGISCamada &baixo = NovaCamada(gis, QStringLiteral("baixo"));
     TGISCamada &cima = NovaCamada(gis, QStringLiteral("cima"));
-    // Embaixo, uma área vermelha pequena no centro.
-    auto *vermelha = new TGISArea;
-    Anel(*vermelha, 0, 0, 400, 600, 8);
-    vermelha->AtribuirCor(clRed);
-    baixo.Objetos().Add(vermelha);
-    // Em cima, a área que cobre a tela (com caneta própria, desenhada como sempre).
-    auto *capa = new TGISArea;
-    Anel(*capa, 0, 0, 30000, 45000, 16);
+    // Embaixo, uma área vermelha pequena no centro; em cima, a área azul que cobre a tela.
+    auto pequena = [] { return Anel(new TGISArea, 0, 0, 400, 600, 8); };
+    baixo.Objetos().Add(pequena());
+    baixo.Objetos().Items(0)->AtribuirCor(clRed);
+    auto *capa = Anel(new TGISArea, 0, 0, 30000, 45000, 16);
     capa->AtribuirCor(clBlue);
     cima.Objetos().Add(capa);
     gis.Visao(GISPosicao(0, 0), 40.0);
@@ -217,12 +204,7 @@ TEST(Oclusao, SoPulaOQueUmaAreaOpacaEsconde)
         return gis.Buffer().pixel(100, 60);
     };
     auto igualSemAtalho = [&] {
-        gis.AtribuirOclusao(true);
-        gis.Desenhar();
-        const QImage com = gis.Buffer().copy();
-        gis.AtribuirOclusao(false);
-        gis.Desenhar();
-        const bool igual = com == gis.Buffer();
+        const bool igual = Observar(gis, true).Pixels == Observar(gis, false).Pixels;
         gis.AtribuirOclusao(true);
         return igual;
     };
@@ -232,11 +214,6 @@ TEST(Oclusao, SoPulaOQueUmaAreaOpacaEsconde)
         // O que fica embaixo na mesma camada também é pulado; o que vem depois, não.
         QImage imagem(200, 120, QImage::Format_ARGB32_Premultiplied);
         TCanvasContador canvas(&imagem);
-        auto pequena = [] {
-            auto *a = new TGISArea;
-            Anel(*a, 0, 0, 400, 600, 8);
-            return a;
-        };
         cima.Objetos().Insert(0, pequena());
         cima.Objetos().Add(pequena());
         gis.DesenharCamada(cima, canvas, *gis.Projecao());
@@ -263,9 +240,7 @@ TEST(Oclusao, SoPulaOQueUmaAreaOpacaEsconde)
     const std::vector<TCaso> casos = {
         {"furo no centro",
          [&] {
-             furada = new TGISAreaComFuros;
-             Anel(*furada, 0, 0, 30000, 45000, 16);
-             Anel(*furada, 0, 0, 800, 1200, 8);
+             furada = Anel(Anel(new TGISAreaComFuros, 0, 0, 30000, 45000, 16), 0, 0, 800, 1200, 8);
              furada->AtribuirCor(clBlue);
              cima.Objetos().Add(furada);
              cima.Objetos().Extract(capa);
@@ -300,7 +275,7 @@ TEST(Oclusao, SoPulaOQueUmaAreaOpacaEsconde)
          },
          [&] {
              capa->Pontos().Clear();
-             Anel(*capa, 0, 0, 30000, 45000, 16);
+             Anel(capa, 0, 0, 30000, 45000, 16);
          }},
     };
     for (const TCaso &caso : casos) {
