@@ -5,12 +5,18 @@
 #include <tavru/core/Arredondar.h>
 #include <tavru/core/TGISObjetoList.h>
 #include <tavru/formats/TTratadorDeArquivosDGN.h>
+#include <tavru/platform/TPen.h>
 #include <tavru/platform/TProvedorDeDialogos.h>
 
 #include <GeographicLib/TransverseMercator.hpp>
 #include <QFile>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
+
+namespace tavru {
+/// A caneta nas mensagens de falha: cor, largura e estilo.
+inline void PrintTo(const TPen &c, std::ostream *os) { *os << "{" << c.Color << ", " << c.Width << ", " << int(c.Style) << "}"; }
+} // namespace tavru
 
 namespace teste {
 
