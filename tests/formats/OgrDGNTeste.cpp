@@ -152,8 +152,7 @@ TEST_F(DGN, PreenchimentoElipseArcoECelula)
     ASSERT_EQ(lista.Count(), 6);
 
     const auto &preenchida = dynamic_cast<const TGISArea &>(*lista.ObterGISObjeto(1));
-    EXPECT_EQ(preenchida.Pincel().Style, bsSolid);
-    EXPECT_EQ(preenchida.Pincel().Color, 0x00FF00);
+    EXPECT_EQ(preenchida.Pincel(), (TBrush{0x00FF00, bsSolid}));
     EXPECT_EQ(preenchida.Caneta().Color, 0x0000FF);
     EXPECT_EQ(preenchida.Caneta().Width, 2);
 

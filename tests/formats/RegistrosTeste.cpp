@@ -60,8 +60,7 @@ TEST_F(DGN, CadaTipoDeRegistroViraSeuObjeto)
     EXPECT_EQ(area.ObterPonto(0, 3), GISPosicao(3600, 7200));
     EXPECT_EQ(area.ObterPonto(0, 2), GISPosicao(7200, 10800));
     EXPECT_EQ(area.Caneta(), (TPen{255, 2, psDash}));
-    EXPECT_EQ(area.Pincel().Color, 0xFF0000);
-    EXPECT_EQ(area.Pincel().Style, bsCross);
+    EXPECT_EQ(area.Pincel(), (TBrush{0xFF0000, bsCross}));
 
     // Raios e azimutes passam como vieram, sem o fator da unidade.
     const TGISAreaCircular &circular = Objeto<TGISAreaCircular>(lista, 3);
