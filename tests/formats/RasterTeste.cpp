@@ -167,16 +167,13 @@ TEST_F(Raster, GravarSemExtensaoUsaJpgEAUltimaImagemGanha)
     EXPECT_EQ(QImage(Caminho("mapa.jpg")).size(), QSize(7, 9));
     EXPECT_EQ(Conteudo(Caminho("mapa.geo")), "-5 -6 70 80\r\n");
 
-    // O ".geo" da própria imagem segue com os números grudados.
-    dynamic_cast<TGISImagem &>(*lista.ObterGISObjeto(0)).GravarArquivoGEO(Caminho("grudado.png"));
-    EXPECT_EQ(Conteudo(Caminho("grudado.geo")), "1234\r\n");
 
     // Extensão desconhecida chega a quem chama; nada é escrito.
     EXPECT_THROW(tratador.Gravar(Caminho("mapa.xyz")), EInOutError);
     // Sem imagens, nada é gravado.
     TGISObjetoList vazia;
     TTratadorArquivosRasters(vazia).Gravar(Caminho("vazio.png"));
-    EXPECT_EQ(QDir(Pasta.path()).entryList(QDir::Files).size(), 3);
+    EXPECT_EQ(QDir(Pasta.path()).entryList(QDir::Files).size(), 2);
 }
 
 TEST_F(Raster, FormatoDesconhecidoAvisaEDeixaAListaComoEstava)
