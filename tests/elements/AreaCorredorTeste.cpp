@@ -39,8 +39,7 @@ TEST(Area, PoligonoRegularFechadoExplicitamenteECoresDaTabela)
     area.Desenhar(canvas, projecao, false);
     ASSERT_EQ(canvas.Nomes(), QStringList{"Polygon"});
     EXPECT_EQ(canvas.Chamadas[0].Pontos, p);
-    EXPECT_EQ(canvas.Chamadas[0].Pincel.Color, 0x00AA00AA);
-    EXPECT_EQ(canvas.Chamadas[0].Pincel.Style, bsCross);
+    EXPECT_EQ(canvas.Chamadas[0].Pincel, (TBrush{0x00AA00AA, bsCross}));
     EXPECT_TRUE(area.Pertence(projecao, TPoint(300, 300)));
     EXPECT_TRUE(area.Pertence(projecao, TPoint(310, 305)));
     EXPECT_FALSE(area.Pertence(projecao, TPoint(330, 300)));
@@ -59,8 +58,7 @@ TEST(Area, PoligonoRegularFechadoExplicitamenteECoresDaTabela)
     }
     area.AtribuirIndicePincel(0);
     area.AtualizarCores(tabela);
-    EXPECT_EQ(area.Pincel().Color, 0x00000011);
-    EXPECT_EQ(area.Pincel().Style, bsCross);
+    EXPECT_EQ(area.Pincel(), (TBrush{0x00000011, bsCross}));
 }
 
 TEST(Corredor, FaixaSimetricaEDobraQueJuntaODentroEAbreOFora)

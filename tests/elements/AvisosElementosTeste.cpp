@@ -164,6 +164,5 @@ TEST_F(Camada, DesenhoETabelaDeCoresSoAvisamQuandoMudam)
     area->AtualizarCores(tabela);
     EXPECT_EQ(avisos.Tirar(), 1);
     EXPECT_EQ(area->Caneta().Color, clRed);
-    EXPECT_EQ(area->Pincel().Color, clGreen);
-    EXPECT_EQ(area->Pincel().Style, bsCross);
+    EXPECT_EQ(area->Pincel(), (TBrush{clGreen, bsCross}));
 }

@@ -8,7 +8,14 @@
 #include <tavru/platform/TProvedorDeDialogos.h>
 
 #include <QStringList>
+#include <ostream>
 #include <vector>
+
+namespace tavru {
+/// A caneta e o pincel nas mensagens de falha.
+inline void PrintTo(const TPen &c, std::ostream *os) { *os << "{" << c.Color << ", " << c.Width << ", " << int(c.Style) << "}"; }
+inline void PrintTo(const TBrush &p, std::ostream *os) { *os << "{" << p.Color << ", " << int(p.Style) << "}"; }
+} // namespace tavru
 
 namespace tavru::teste {
 

@@ -96,7 +96,6 @@ TEST(TGISAreaCircular, DesenhoFechadoDeNovoPertinenciaExtensaoECores)
 {
     TProjecaoUmPorUm projecao;
     TGISAreaCircular a;
-    EXPECT_EQ(a.IndicePincel(), 0);
     a.AtribuirRaioMenor(1); // ~60 pixels
     a.AtribuirRaioMaior(3); // ~180 pixels
     TTabelaDeCores tabela;
@@ -122,7 +121,7 @@ TEST(TGISAreaCircular, DesenhoFechadoDeNovoPertinenciaExtensaoECores)
     const TChamada &poligono = canvas.Chamadas[0];
     ASSERT_EQ(poligono.Pontos.size(), 51u);
     EXPECT_EQ(poligono.Pontos.front(), poligono.Pontos.back());
-    EXPECT_TRUE(poligono.Pincel.Color == clYellow && poligono.Pincel.Style == bsCross);
+    EXPECT_EQ(poligono.Pincel, (TBrush{clYellow, bsCross}));
     EXPECT_EQ(poligono.Caneta.Color, clBlue);
 
     EXPECT_TRUE(a.Pertence(projecao, TPoint(500, 380)));  // na faixa

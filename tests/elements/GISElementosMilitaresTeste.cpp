@@ -88,11 +88,11 @@ TEST(TGISMeioAcompanhado, SetaDeRumoEPlacaVermelhaQueDevolveACaneta)
     ASSERT_EQ(outro.Nomes(), QStringList({"Rectangle", "Ellipse", "MoveTo", "LineTo"}));
     const TChamada &circulo = outro.Chamadas[1];
     EXPECT_EQ(circulo.Pontos, (std::vector<TPoint>{{494, 494}, {506, 506}}));
-    EXPECT_TRUE(circulo.Caneta == (TPen{clRed, 2, psSolid}));
+    EXPECT_EQ(circulo.Caneta, (TPen{clRed, 2, psSolid}));
     EXPECT_EQ(circulo.Pincel.Style, bsClear);
     EXPECT_EQ(outro.Chamadas[2].Pontos[0], TPoint(496, 496)); // de noroeste (2.3562)...
     EXPECT_EQ(outro.Chamadas[3].Pontos[0], TPoint(504, 504)); // ...a sudeste (7π/4)
-    EXPECT_TRUE(outro.Pen() == (TPen{clBlue, 3, psSolid}));
+    EXPECT_EQ(outro.Pen(), (TPen{clBlue, 3, psSolid}));
 }
 
 TEST(TGISDerrota, PontilhadaDepoisDoIndiceESolidaDeNovoNaSequenciaSeguinte)

@@ -112,8 +112,7 @@ TEST(Ponto, FigurasCanetaEPincel)
     const TChamada &c = canvas.Chamadas[1];
     EXPECT_EQ(c.Caneta.Color, clBlack); // a caneta do objeto, preta
     EXPECT_EQ(c.Caneta.Width, 2);
-    EXPECT_EQ(c.Pincel.Color, 0x00123456);
-    EXPECT_EQ(c.Pincel.Style, bsSolid);
+    EXPECT_EQ(c.Pincel, (TBrush{0x00123456, bsSolid}));
     EXPECT_EQ(desenhar(gisCirculo), QStringLiteral("Ellipse 495,496 506,504"));
     EXPECT_EQ(desenhar(gisQuadrado), QStringLiteral("Rectangle 495,496 506,504"));
     EXPECT_EQ(desenhar(gisTriangulo), QStringLiteral("Polygon 500,496 495,504 506,504 500,496"));

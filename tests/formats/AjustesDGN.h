@@ -5,12 +5,21 @@
 #include <tavru/core/Arredondar.h>
 #include <tavru/core/TGISObjetoList.h>
 #include <tavru/formats/TTratadorDeArquivosDGN.h>
+#include <tavru/platform/TBrush.h>
+#include <tavru/platform/TPen.h>
 #include <tavru/platform/TProvedorDeDialogos.h>
 
 #include <GeographicLib/TransverseMercator.hpp>
 #include <QFile>
 #include <QTemporaryDir>
+#include <ostream>
 #include <gtest/gtest.h>
+
+namespace tavru {
+/// A caneta e o pincel nas mensagens de falha.
+inline void PrintTo(const TPen &c, std::ostream *os) { *os << "{" << c.Color << ", " << c.Width << ", " << int(c.Style) << "}"; }
+inline void PrintTo(const TBrush &p, std::ostream *os) { *os << "{" << p.Color << ", " << int(p.Style) << "}"; }
+} // namespace tavru
 
 namespace teste {
 

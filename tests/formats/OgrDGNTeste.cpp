@@ -107,15 +107,12 @@ TEST_F(DGN, CoresEspessurasEstilosETextosDoDesenhoFeito)
     ASSERT_EQ(lista.Count(), 9);
 
     const auto &vermelha = dynamic_cast<const TGISLinha &>(*lista.ObterGISObjeto(0));
-    EXPECT_EQ(vermelha.Caneta().Color, 0x0000FF); // índice 3 da tabela: #ff0000
-    EXPECT_EQ(vermelha.Caneta().Width, 5);        // espessura 4
-    EXPECT_EQ(vermelha.Caneta().Style, psDash);   // traço médio
+    // Índice 3 da tabela (#ff0000), espessura 4 e traço médio.
+    EXPECT_EQ(vermelha.Caneta(), (TPen{0x0000FF, 5, psDash}));
     EXPECT_EQ(vermelha.ObterPonto(0, 1), GISPosicao(Segundos(-20.5), Segundos(-44.5)));
 
     const auto &verde = dynamic_cast<const TGISLinha &>(*lista.ObterGISObjeto(1));
-    EXPECT_EQ(verde.Caneta().Color, 0x00FF00);
-    EXPECT_EQ(verde.Caneta().Width, 1);
-    EXPECT_EQ(verde.Caneta().Style, psDot);
+    EXPECT_EQ(verde.Caneta(), (TPen{0x00FF00, 1, psDot}));
 
     const auto &forma = dynamic_cast<const TGISArea &>(*lista.ObterGISObjeto(2));
     EXPECT_EQ(forma.Caneta().Color, 0x00FFFF); // #ffff00
@@ -130,9 +127,7 @@ TEST_F(DGN, CoresEspessurasEstilosETextosDoDesenhoFeito)
     int vertices = 0;
     for (int i = 4; i < 9; ++i) {
         const auto &parte = dynamic_cast<const TGISLinha &>(*lista.ObterGISObjeto(i));
-        EXPECT_EQ(parte.Caneta().Color, 0xFF0000); // índice 1: #0000ff
-        EXPECT_EQ(parte.Caneta().Width, 3);
-        EXPECT_EQ(parte.Caneta().Style, psDashDot); // traço longo e curto
+        EXPECT_EQ(parte.Caneta(), (TPen{0xFF0000, 3, psDashDot})) << i; // índice 1 (#0000ff), traço longo e curto
         vertices += parte.Pontos().Items(0)->Count();
     }
     EXPECT_EQ(vertices, 150 + 4); // as partes repetem o vértice em que se juntam
@@ -157,8 +152,7 @@ TEST_F(DGN, PreenchimentoElipseArcoECelula)
     ASSERT_EQ(lista.Count(), 6);
 
     const auto &preenchida = dynamic_cast<const TGISArea &>(*lista.ObterGISObjeto(1));
-    EXPECT_EQ(preenchida.Pincel().Style, bsSolid);
-    EXPECT_EQ(preenchida.Pincel().Color, 0x00FF00);
+    EXPECT_EQ(preenchida.Pincel(), (TBrush{0x00FF00, bsSolid}));
     EXPECT_EQ(preenchida.Caneta().Color, 0x0000FF);
     EXPECT_EQ(preenchida.Caneta().Width, 2);
 

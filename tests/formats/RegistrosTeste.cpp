@@ -52,20 +52,15 @@ TEST_F(DGN, CadaTipoDeRegistroViraSeuObjeto)
     ASSERT_EQ(linha.Pontos().Count(), 1);
     ASSERT_EQ(linha.Pontos().Items(0)->Count(), 3);
     EXPECT_EQ(linha.ObterPonto(0, 1), GISPosicao(-39600, -77400));
-    EXPECT_EQ(linha.Caneta().Color, 65280);
-    EXPECT_EQ(linha.Caneta().Width, 3);
-    EXPECT_EQ(linha.Caneta().Style, psDot);
+    EXPECT_EQ(linha.Caneta(), (TPen{65280, 3, psDot}));
     EXPECT_EQ(linha.Area(), GISRet(-43200, -79200, -36000, -72000));
 
     const TGISArea &area = Objeto<TGISArea>(lista, 2);
     ASSERT_EQ(area.Pontos().Items(0)->Count(), 4);
     EXPECT_EQ(area.ObterPonto(0, 3), GISPosicao(3600, 7200));
     EXPECT_EQ(area.ObterPonto(0, 2), GISPosicao(7200, 10800));
-    EXPECT_EQ(area.Caneta().Color, 255);
-    EXPECT_EQ(area.Caneta().Width, 2);
-    EXPECT_EQ(area.Caneta().Style, psDash);
-    EXPECT_EQ(area.Pincel().Color, 0xFF0000);
-    EXPECT_EQ(area.Pincel().Style, bsCross);
+    EXPECT_EQ(area.Caneta(), (TPen{255, 2, psDash}));
+    EXPECT_EQ(area.Pincel(), (TBrush{0xFF0000, bsCross}));
 
     // Raios e azimutes passam como vieram, sem o fator da unidade.
     const TGISAreaCircular &circular = Objeto<TGISAreaCircular>(lista, 3);

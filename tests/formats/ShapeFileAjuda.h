@@ -80,9 +80,16 @@ protected:
     QTemporaryDir FPasta;
 };
 
-inline std::string Mensagem(const std::exception &e)
+/// Confere que `f` lança E com uma mensagem que contém `trecho`.
+template <typename E, typename F>
+void EsperarErro(F f, const char *trecho)
 {
-    return e.what();
+    try {
+        f();
+        ADD_FAILURE() << "sem erro; esperava: " << trecho;
+    } catch (const E &e) {
+        EXPECT_NE(std::string(e.what()).find(trecho), std::string::npos) << e.what();
+    }
 }
 
 } // namespace teste

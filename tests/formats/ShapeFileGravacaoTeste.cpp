@@ -109,12 +109,7 @@ TEST_F(ShapeFile, ListaMisturadaEmConjuntosEObjetosQueNaoSeGravam)
 
     // Um texto na lista: nada é gravado, e a mensagem diz qual.
     lista.Add(new TGISTexto);
-    try {
-        TTratadorDeShapeFile(lista).Gravar(Caminho("mapa.shp"));
-        ADD_FAILURE() << "texto não se grava";
-    } catch (const EInvalidOperation &e) {
-        EXPECT_NE(Mensagem(e).find("5 (TGISTexto)"), std::string::npos) << Mensagem(e);
-    }
+    EsperarErro<EInvalidOperation>([&] { TTratadorDeShapeFile(lista).Gravar(Caminho("mapa.shp")); }, "5 (TGISTexto)");
     EXPECT_TRUE(Arquivos().isEmpty());
     lista.Delete(5);
 

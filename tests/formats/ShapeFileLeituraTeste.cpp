@@ -163,12 +163,7 @@ TEST_F(ShapeFile, PrjProjetadoContraGeographicLibEGeograficoEmGraus)
     // Sem .prj: graus dentro de ±180/±90; metros fora, erro que nomeia o arquivo.
     Criar(Caminho("metros"), SHPT_POINT, {{SHPT_POINT, {}, {333444.55}, {7654321.0}}});
     TGISObjetoList m;
-    try {
-        Ler(m, Caminho("metros.shp"));
-        ADD_FAILURE() << "metros sem .prj";
-    } catch (const EFilerError &e) {
-        EXPECT_NE(Mensagem(e).find("metros.shp"), std::string::npos) << Mensagem(e);
-    }
+    EsperarErro<EFilerError>([&] { Ler(m, Caminho("metros.shp")); }, "metros.shp");
     EXPECT_EQ(m.Count(), 0);
     Escrever(Caminho("ruim.prj"), "isto não é WKT");
     Criar(Caminho("ruim"), SHPT_POINT, {{SHPT_POINT, {}, {1}, {1}}});
@@ -231,12 +226,7 @@ TEST_F(ShapeFile, ShxQueFaltaRefeitoEmMemoriaERegistrosCorrompidosListados)
     shp[inicioDaParte] = 9;
     Escrever(Caminho("tres.shp"), shp);
     TGISObjetoList t;
-    try {
-        Ler(t, Caminho("tres.shp"));
-        ADD_FAILURE() << "o registro 2 está corrompido";
-    } catch (const EFilerError &e) {
-        EXPECT_NE(Mensagem(e).find("corrompido(s), que não foram lidos: 2."), std::string::npos) << Mensagem(e);
-    }
+    EsperarErro<EFilerError>([&] { Ler(t, Caminho("tres.shp")); }, "corrompido(s), que não foram lidos: 2.");
     ASSERT_EQ(t.Count(), 2);
     EXPECT_EQ(t.Items(0)->Informacoes().ObterValor("n"), "um");
     EXPECT_EQ(t.Items(1)->Informacoes().ObterValor("n"), QStringLiteral("três")) << "os atributos seguem o registro";
